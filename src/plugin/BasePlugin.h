@@ -1,0 +1,194 @@
+#pragma once
+
+// The plug-in framework's root object. BasePlugin owns the parameter manager and every parameter,
+// the default and current preset, the host parameter map and the sample-rate constants; it runs the
+// start-up sequence that PluginAudioProcessor drives, the audio entry (quality switch, denormal
+// mode), the state chunk, and the one road from a preset into the parameters. MarrowgateEffect adds
+// the DSP core and the block driver; Velmarin answers the product's constants.
+
+#include "../content/Preset.h"
+#include "../engine/SampleRateContext.h"
+#include "../parameters/EnumParameter.h"
+#include "../parameters/EventsMap.h"
+#include "../parameters/ParameterManager.h"
+#include "ProcessContext.h"
+#include "SoftwareDesignation.h"
+
+#include <array>
+#include <atomic>
+
+class PluginAudioProcessor;
+
+/** Framework root of one plug-in instance.
+    Thread: constructed, initialised, destroyed and asked for state on the host's thread (usually
+    the message thread); `processBlock` on the audio thread; `parameterChanged` on whichever thread
+    writes a parameter; the host-map queries on any thread. */
+class BasePlugin : public Parameter::Listener, public SoftwareDesignation
+{
+public:
+    /** The parameter indices that belong to one preset, and the parameter that holds its name. */
+    struct PresetSlot
+    {
+        int nameParameter = -1;
+        juce::SparseSet<int> ranges;
+    };
+
+    static constexpr int maxHostParameters = 256;
+    static constexpr int numPresetSlots = 16;
+
+    /** Takes ownership of the manager, reads "parameters.xml" into it and adds the internal
+        parameters and the built-in events. */
+    explicit BasePlugin(ParameterManager* manager);
+    ~BasePlugin() override;
+
+    // Parameter::Listener: the plug-in listens to every parameter.
+    void parameterChanged(Parameter& parameter) override;
+    void parameterChangeStarted(Parameter& parameter) override;
+    void parameterChangeEnded(Parameter& parameter) override;
+
+    // Hooks a product answers; the defaults are neutral.
+    virtual int getLatency() { return 0; }
+    virtual bool autoMapsHostParameters() { return false; }
+    virtual bool isBusesLayoutSupported(const juce::AudioProcessor::BusesLayout& layout) const;
+    virtual bool supportsPresets() = 0;
+    /** The parameters that belong to a preset: indices 0 up to this count. */
+    virtual int getParameterCount() { return 0; }
+    virtual void storeToPreset(Preset& preset, int slot);
+    /** Sets every parameter of the slot from the preset, and those it lacks from the default preset. */
+    virtual void applyPreset(const Preset* preset, int slot, bool remember);
+    virtual void setPresetName(const juce::String& name, int slot);
+    virtual void afterPresetLoaded(int slot) { (void) slot; }
+    virtual juce::String getPresetName(int slot);
+    virtual juce::String getDefaultTagCategories() { return {}; }
+    virtual const Preset* getDefaultPreset(int slot);
+    virtual const Preset* getCurrentPreset(int slot);
+    virtual std::unique_ptr<juce::XmlElement> createParametersStateXml();
+    virtual void restoreParametersState(const juce::XmlElement& element);
+    virtual void createCore() {}
+    virtual void prepare(bool rateChanged, bool blockChanged) { (void) rateChanged, (void) blockChanged; }
+    virtual void release() {}
+    virtual void process(ProcessContext& context) { (void) context; }
+    virtual bool wantsTransport() { return false; }
+    virtual bool wantsStateDump() { return false; }
+    /** The editor for the host's window, or null when the product has none. */
+    virtual juce::AudioProcessorEditor* createEditor() { return nullptr; }
+    virtual juce::String getCodeName() const { return "BasePlugin"; }
+    virtual juce::String getCodeLetters() const { return "XX"; }
+    virtual bool isPluginState(const juce::XmlElement& element);
+    virtual void setState(const juce::XmlElement& element);
+    virtual std::unique_ptr<juce::XmlElement> createState();
+    virtual int getHostParameterCount() { return hostParameterCount; }
+    virtual juce::String getHostParameterName(int hostIndex);
+    virtual bool wantsDebugParameters() { return false; }
+    virtual juce::String getPresetFileExtension() { return {}; }
+    virtual juce::String getPackageFileExtension() { return "." + getCodeLetters().toLowerCase() + "zip"; }
+    /** 0 for a parameter that belongs to a preset, else -1. */
+    virtual int getSlotOfParameter(int index);
+
+    // SoftwareDesignation answers shared by every product.
+    juce::String getShortName() const override { return getCodeName(); }
+    juce::String getLocation() const override { return pluginFile.getFullPathName(); }
+    juce::String getPluginFormat() const override;
+    juce::String getWordSize() const override { return sizeof(void*) == 8 ? "64bit" : "32bit"; }
+
+    // Start-up and teardown, in the order PluginAudioProcessor calls them.
+    void setProcessor(PluginAudioProcessor* owner) noexcept { processor = owner; }
+    /** Maps the host parameters and registers the plug-in on every parameter. */
+    void initialise();
+    /** Sets up preset slot 0 with its default and current preset, captures the parameter defaults
+        and tells every listener (the new core included) every value once. */
+    void finishInitialisation();
+    /** Raised by the processor's destructor before it deletes the plug-in; no change is sent to the
+        host after that. */
+    void beginTeardown() noexcept { closing = true; }
+
+    // Audio entry points.
+    void prepareToPlay(double sampleRate, int maximumBlockSize);
+    void releaseResources();
+    /** Audio thread. Switches the quality when the offline flag changed (not when bypassed), sets
+        flush-to-zero and denormals-are-zero for the block and calls `process`. */
+    void processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi, bool bypassed);
+
+    /** Copies the offline or real-time quality into "Processing Quality". */
+    void applyQualitySetting();
+
+    // State chunk.
+    void writeStateToBlock(juce::MemoryBlock& block);
+    void readStateFromBlock(const void* data, int size);
+    /** Sets a parameter back to the value its slot's current preset holds. */
+    void revertParameter(int index);
+
+    // The host's numbered list of parameters.
+    int getNumParameters() { return getHostParameterCount(); }
+    juce::String getParameterName(int hostIndex);
+    float getParameter(int hostIndex);
+    juce::String getParameterText(int hostIndex);
+    /** The display text the mapped parameter would show at a normalized value; the live parameter
+        is not touched. */
+    juce::String getParameterTextForValue(int hostIndex, float normalizedValue);
+    /** The normalized value the mapped parameter would take from a text; the live one is not touched. */
+    float getParameterValueForText(int hostIndex, const juce::String& text);
+    float getParameterDefaultValue(int hostIndex);
+    void setParameter(int hostIndex, float value);
+    bool isParameterAutomatable(int hostIndex);
+    bool isMetaParameter(int hostIndex);
+    /** The parameter at a host index, or null for a placeholder. */
+    Parameter* getHostParameter(int hostIndex);
+    /** The host index of a parameter index, or -1. */
+    int getHostIndex(int parameterIndex);
+    void setHostParameter(int hostIndex, Parameter* parameter, bool tellHost);
+    void clearHostParameter(int hostIndex);
+    void clearHostMap();
+
+    ParameterManager& getParameterManager() noexcept { return *parameters; }
+    const SampleRateContext& getSampleRateContext() const noexcept { return sampleRateContext; }
+    const EventsMap& getEvents() const noexcept { return events; }
+    const PresetSlot& getPresetSlot(int slot) const { return presetSlots[static_cast<size_t>(slot)]; }
+    EnumParameter* getQualityParameter() const noexcept { return qualityParameter; }
+    PluginAudioProcessor* getProcessor() const noexcept { return processor; }
+
+    int getStateReadCount() const noexcept { return stateReadCount; }
+    int getStateWriteCount() const noexcept { return stateWriteCount; }
+    bool isPrepared() const noexcept { return prepared.load() == 1; }
+    bool isNonRealtime() const noexcept { return nonRealtime.load() == 1; }
+    int getLoadingSlot() const noexcept { return loadingSlot.load(); }
+
+protected:
+    SampleRateContext sampleRateContext;
+    std::atomic<int> prepared { 0 };
+
+private:
+    void addInternalParameters();
+    void addDebugParameters();
+    void updateLatency();
+
+    int stateReadCount = 0;
+    int stateWriteCount = 0;
+    std::atomic<int> nonRealtime { 0 };
+    juce::File pluginFile;
+    std::unique_ptr<ParameterManager> parameters;
+
+    juce::Array<Parameter*> hostParameters;
+    juce::CriticalSection hostParametersLock;
+    juce::HashMap<int, int> hostIndices;
+    juce::CriticalSection hostIndicesLock;
+    std::array<std::atomic<float>, maxHostParameters> hostValues {};
+    std::array<std::atomic<int>, maxHostParameters> hostWriteGuards {};
+    int hostParameterCount = 128;
+
+    EventsMap events;
+    std::array<PresetSlot, numPresetSlots> presetSlots;
+    EnumParameter* qualityParameter = nullptr;
+    EnumParameter* realtimeQualityParameter = nullptr;
+    EnumParameter* offlineQualityParameter = nullptr;
+    Preset defaultPreset;
+    Preset currentPreset;
+    std::atomic<int> loadingSlot { -1 };
+    PluginAudioProcessor* processor = nullptr;
+
+    int maximumBlockSize = 0;
+    bool everPrepared = false;
+    std::atomic<bool> closing { false };
+
+    JUCE_DECLARE_NON_COPYABLE(BasePlugin)
+};

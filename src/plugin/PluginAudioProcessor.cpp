@@ -1,0 +1,99 @@
+#include "PluginAudioProcessor.h"
+
+#include "HostParameter.h"
+#include "Velmarin.h"
+
+PluginAudioProcessor::PluginAudioProcessor()
+    : juce::AudioProcessor(BusesProperties()
+                               .withInput("Input", juce::AudioChannelSet::stereo(), true)
+                               .withOutput("Output", juce::AudioChannelSet::stereo(), true)),
+      plugin(std::make_unique<Velmarin>())
+{
+    plugin->setProcessor(this);
+    plugin->initialise();
+    plugin->createCore();
+    plugin->finishInitialisation();
+
+    for (int h = 0; h < plugin->getHostParameterCount(); ++h)
+        addParameter(new HostParameter(*plugin, h));
+
+    // The last step of start-up: the latency the plug-in reports goes to the host.
+    setLatencySamples(plugin->getLatency());
+}
+
+PluginAudioProcessor::~PluginAudioProcessor()
+{
+    plugin->beginTeardown();
+    plugin.reset();
+}
+
+const juce::String PluginAudioProcessor::getName() const
+{
+    return plugin->getShortName();
+}
+
+void PluginAudioProcessor::prepareToPlay(double sampleRate, int maximumExpectedSamplesPerBlock)
+{
+    plugin->prepareToPlay(sampleRate, maximumExpectedSamplesPerBlock);
+}
+
+void PluginAudioProcessor::releaseResources()
+{
+    plugin->releaseResources();
+}
+
+void PluginAudioProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi)
+{
+    plugin->processBlock(buffer, midi, false);
+}
+
+void PluginAudioProcessor::processBlockBypassed(juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi)
+{
+    plugin->processBlock(buffer, midi, true);
+}
+
+bool PluginAudioProcessor::isBusesLayoutSupported(const BusesLayout& layouts) const
+{
+    return plugin->isBusesLayoutSupported(layouts);
+}
+
+juce::AudioProcessorEditor* PluginAudioProcessor::createEditor()
+{
+    if (auto* editor = plugin->createEditor())
+        return editor;
+    // Until the skinned editor exists the host gets a generic list of the host parameters.
+    return new juce::GenericAudioProcessorEditor(*this);
+}
+
+void PluginAudioProcessor::getStateInformation(juce::MemoryBlock& destData)
+{
+    plugin->writeStateToBlock(destData);
+}
+
+void PluginAudioProcessor::setStateInformation(const void* data, int sizeInBytes)
+{
+    plugin->readStateFromBlock(data, sizeInBytes);
+}
+
+HostParameter* PluginAudioProcessor::getHostParameterObject(int hostIndex) const
+{
+    const auto& list = getParameters();
+    return hostIndex >= 0 && hostIndex < list.size() ? dynamic_cast<HostParameter*>(list.getUnchecked(hostIndex)) : nullptr;
+}
+
+void PluginAudioProcessor::sendParameterValueToHost(int hostIndex, float normalizedValue)
+{
+    if (auto* p = getHostParameterObject(hostIndex))
+        p->sendValueChangedMessageToListeners(normalizedValue);
+}
+
+void PluginAudioProcessor::sendGestureToHost(int hostIndex, bool starting)
+{
+    if (auto* p = getHostParameterObject(hostIndex))
+    {
+        if (starting)
+            p->beginChangeGesture();
+        else
+            p->endChangeGesture();
+    }
+}

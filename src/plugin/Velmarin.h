@@ -1,0 +1,34 @@
+#pragma once
+
+#include "MarrowgateEffect.h"
+
+/** The product: an analog BBD stereo flanger. Makes a VelmarinCore and a VelmarinParameterManager
+    and answers the product's constants (identity, 28 preset and host parameters, latency 1).
+    Thread: as BasePlugin. */
+class Velmarin : public MarrowgateEffect
+{
+public:
+    Velmarin();
+
+    int getLatency() override { return 1; }
+    bool autoMapsHostParameters() override { return true; }
+    bool supportsPresets() override { return true; }
+    int getParameterCount() override { return 28; }
+    int getHostParameterCount() override { return 28; }
+    bool wantsTransport() override { return true; }
+    juce::String getDefaultTagCategories() override { return "Type;Modulation;Spatialize"; }
+    juce::String getCodeName() const override { return "Velmarin"; }
+    juce::String getCodeLetters() const override { return "VM"; }
+    juce::String getPresetFileExtension() override { return ".vmprs2"; }
+
+    juce::String getDescription() const override { return "Analog BBD Stereo Flanger"; }
+    juce::String getVersion() const override { return "1.1.3"; }
+    juce::String getWebAddress() const override { return "https://q41group.com/velmarin"; }
+    juce::String getYear() const override { return "2013"; }
+    juce::String getBuildDate() const override { return "2018-06-04"; }
+    juce::String getBuildIdentifier() const override { return "velmarin-1.1.3-linux"; }
+    juce::String getBranch() const override { return "master"; }
+
+protected:
+    std::unique_ptr<MarrowgateEffectCore> createEffectCore() override;
+};

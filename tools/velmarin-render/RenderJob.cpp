@@ -1,0 +1,252 @@
+#include "RenderJob.h"
+
+#include "DemoSignal.h"
+
+#include "plugin/BasePlugin.h"
+#include "plugin/PluginAudioProcessor.h"
+
+#include <juce_audio_formats/juce_audio_formats.h>
+
+#include <algorithm>
+#include <ctime>
+#include <limits>
+
+namespace
+{
+/** A host play head: a fixed tempo, a position that advances with the samples, a playing flag. */
+class RenderPlayHead : public juce::AudioPlayHead
+{
+public:
+    RenderPlayHead(double bpmIn, double ppqStartIn, bool playingIn, double rateIn)
+        : bpm(bpmIn), ppqStart(ppqStartIn), playing(playingIn), rate(rateIn)
+    {
+    }
+
+    void setSamplePosition(juce::int64 position) noexcept { samplePosition = position; }
+
+    juce::Optional<PositionInfo> getPosition() const override
+    {
+        PositionInfo info;
+        info.setBpm(bpm);
+        info.setTimeInSamples(samplePosition);
+        info.setTimeInSeconds(static_cast<double>(samplePosition) / rate);
+        info.setPpqPosition(ppqStart + static_cast<double>(samplePosition) / rate * bpm / 60.0);
+        info.setIsPlaying(playing);
+        info.setTimeSignature(TimeSignature {});
+        return info;
+    }
+
+private:
+    double bpm, ppqStart;
+    bool playing;
+    double rate;
+    juce::int64 samplePosition = 0;
+};
+
+double threadCpuSeconds()
+{
+    timespec ts {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &ts);
+    return static_cast<double>(ts.tv_sec) + static_cast<double>(ts.tv_nsec) * 1.0e-9;
+}
+
+bool readWholeFile(const juce::File& file, juce::MemoryBlock& data)
+{
+    return file.existsAsFile() && file.loadFileAsData(data);
+}
+} // namespace
+
+RenderJob::RenderJob(RenderOptions o)
+    : options(std::move(o))
+{
+}
+
+int RenderJob::fail(const juce::String& message)
+{
+    errorText = message;
+    return 2;
+}
+
+int RenderJob::run()
+{
+    // Options whose subsystems this build does not have yet.
+    if (options.preset.isNotEmpty())
+        return fail("--preset is not available yet");
+    if (options.midiMapFile != juce::File())
+        return fail("--midi-map is not available yet");
+    if (options.savePreset != juce::File())
+        return fail("--save-preset is not available yet");
+    if (options.listPresets)
+        return fail("--list-presets is not available yet");
+
+    // The input, before the plug-in starts: bad input must not cost a start-up.
+    juce::AudioBuffer<float> input;
+    double rate = options.rate;
+    if (options.inputFile != juce::File())
+    {
+        if (! options.inputFile.existsAsFile())
+            return fail("cannot read input file " + options.inputFile.getFullPathName() + ": no such file");
+        juce::AudioFormatManager formats;
+        formats.registerBasicFormats();
+        std::unique_ptr<juce::AudioFormatReader> reader(formats.createReaderFor(options.inputFile));
+        if (reader == nullptr)
+            return fail("cannot read input file " + options.inputFile.getFullPathName() + ": not a WAV, AIFF or FLAC file");
+        if (reader->numChannels < 1 || reader->numChannels > 2)
+            return fail("input file has " + juce::String(reader->numChannels) + " channels; 1 or 2 are supported");
+        if (reader->sampleRate < 8000.0 || reader->sampleRate > 192000.0)
+            return fail("input file's rate " + juce::String(reader->sampleRate) + " Hz is outside 8000..192000");
+        if (reader->lengthInSamples > std::numeric_limits<int>::max())
+            return fail("input file is too long");
+        rate = reader->sampleRate;
+        input.setSize(static_cast<int>(reader->numChannels), static_cast<int>(reader->lengthInSamples));
+        if (! reader->read(&input, 0, input.getNumSamples(), 0, true, true))
+            return fail("cannot read input file " + options.inputFile.getFullPathName() + ": read error");
+    }
+    else
+    {
+        input = makeDemoSignal(rate, options.seconds);
+    }
+
+    const juce::String layout = options.layout.isNotEmpty() ? options.layout : (input.getNumChannels() == 2 ? "2-2" : "1-1");
+    const int numIns = layout == "2-2" ? 2 : 1;
+    const int numOuts = layout == "1-1" ? 1 : 2;
+
+    juce::MemoryBlock stateIn;
+    if (options.stateIn != juce::File() && ! readWholeFile(options.stateIn, stateIn))
+        return fail("cannot read state file " + options.stateIn.getFullPathName());
+
+    // 1. Start the plug-in exactly as a host would.
+    PluginAudioProcessor processor;
+    auto& plugin = processor.getPlugin();
+    auto& manager = plugin.getParameterManager();
+
+    // 2. State.
+    if (! stateIn.isEmpty())
+        processor.setStateInformation(stateIn.getData(), static_cast<int>(stateIn.getSize()));
+
+    // 5. Parameters by name, through their text forms.
+    for (const auto& [name, text] : options.sets)
+    {
+        auto* p = manager.getParameter(name);
+        if (p == nullptr)
+            return fail("unknown parameter name '" + name + "'");
+        p->setText(text, true);
+    }
+
+    // 6. Both quality settings.
+    if (options.quality.isNotEmpty())
+    {
+        for (auto* name : { "Real-time Processing Quality", "Offline Processing Quality" })
+            if (auto* p = manager.getParameter(juce::String(name)))
+                p->setText(options.quality, true);
+    }
+
+    // 7. Layout and prepare.
+    juce::AudioProcessor::BusesLayout busesLayout;
+    busesLayout.inputBuses.add(numIns == 2 ? juce::AudioChannelSet::stereo() : juce::AudioChannelSet::mono());
+    busesLayout.outputBuses.add(numOuts == 2 ? juce::AudioChannelSet::stereo() : juce::AudioChannelSet::mono());
+    if (! processor.setBusesLayout(busesLayout))
+        return fail("the plug-in refused the layout " + layout);
+    processor.setNonRealtime(options.offline);
+    processor.setRateAndBufferSizeDetails(rate, options.blockSize);
+    processor.prepareToPlay(rate, options.blockSize);
+
+    std::unique_ptr<RenderPlayHead> playHead;
+    if (options.tempo)
+    {
+        playHead = std::make_unique<RenderPlayHead>(*options.tempo, options.ppqStart, options.playing, rate);
+        processor.setPlayHead(playHead.get());
+    }
+
+    // 8 and 9. The input, then the tail of silence, in host-sized blocks.
+    const int inputLength = input.getNumSamples();
+    const juce::int64 tailLength = static_cast<juce::int64>(std::llround(options.tailSeconds * rate));
+    const juce::int64 total = inputLength + tailLength;
+    if (total > std::numeric_limits<int>::max())
+        return fail("render is too long");
+
+    juce::AudioBuffer<float> result(numOuts, static_cast<int>(total));
+    juce::AudioBuffer<float> block(2, options.blockSize);
+    juce::MidiBuffer midi;
+    double cpuSeconds = 0.0;
+
+    for (juce::int64 start = 0; start < total; start += options.blockSize)
+    {
+        const int n = static_cast<int>(std::min<juce::int64>(options.blockSize, total - start));
+        block.setSize(std::max(numIns, numOuts), n, false, false, true);
+        block.clear();
+        for (int ch = 0; ch < numIns; ++ch)
+        {
+            // A stereo file into a mono input uses its left channel.
+            const int source = std::min(ch, input.getNumChannels() - 1);
+            const int available = static_cast<int>(std::clamp<juce::int64>(inputLength - start, 0, n));
+            if (available > 0)
+                block.copyFrom(ch, 0, input, source, static_cast<int>(start), available);
+        }
+
+        midi.clear();
+        for (const auto& cc : options.controllers)
+            if (cc.sample >= start && cc.sample < start + n)
+                midi.addEvent(juce::MidiMessage::controllerEvent(1, cc.controller, cc.value), static_cast<int>(cc.sample - start));
+
+        if (playHead)
+            playHead->setSamplePosition(start);
+
+        const double before = threadCpuSeconds();
+        if (options.bypass)
+            processor.processBlockBypassed(block, midi);
+        else
+            processor.processBlock(block, midi);
+        cpuSeconds += threadCpuSeconds() - before;
+
+        for (int ch = 0; ch < numOuts; ++ch)
+            result.copyFrom(ch, static_cast<int>(start), block, ch, 0, n);
+    }
+    processor.releaseResources();
+    processor.setPlayHead(nullptr);
+
+    // 10. State, parameter listing, output file.
+    if (options.stateOut != juce::File())
+    {
+        juce::MemoryBlock state;
+        processor.getStateInformation(state);
+        if (! options.stateOut.replaceWithData(state.getData(), state.getSize()))
+            return fail("cannot write state file " + options.stateOut.getFullPathName());
+    }
+
+    if (options.printParams)
+    {
+        for (auto* p : manager.getParameters())
+            outputText << p->getIndex() << "\t" << p->getName() << "\t" << p->getText() << "\t" << p->getDisplayText() << "\n";
+    }
+
+    if (options.bench)
+    {
+        const double audioSeconds = static_cast<double>(total) / rate;
+        const double factor = cpuSeconds > 0.0 ? audioSeconds / cpuSeconds : 0.0;
+        outputText << "audio_seconds=" << juce::String(audioSeconds, 6) << " cpu_seconds=" << juce::String(cpuSeconds, 6)
+                   << " realtime_factor=" << juce::String(factor, 2) << "\n";
+    }
+
+    if (options.outputFile != juce::File())
+    {
+        // Written beside the target first, so a failed write leaves an existing file as it was.
+        const juce::TemporaryFile temporary(options.outputFile);
+        {
+            std::unique_ptr<juce::OutputStream> stream(temporary.getFile().createOutputStream());
+            if (stream == nullptr)
+                return fail("cannot write output file " + options.outputFile.getFullPathName());
+            juce::WavAudioFormat wav;
+            std::unique_ptr<juce::AudioFormatWriter> writer(
+                wav.createWriterFor(stream.get(), rate, static_cast<unsigned int>(numOuts), 32, {}, 0));
+            if (writer == nullptr)
+                return fail("cannot write output file " + options.outputFile.getFullPathName());
+            stream.release(); // the writer owns the stream now
+            if (! writer->writeFromAudioSampleBuffer(result, 0, result.getNumSamples()))
+                return fail("cannot write output file " + options.outputFile.getFullPathName());
+        }
+        if (! temporary.overwriteTargetFileWithTemporary())
+            return fail("cannot write output file " + options.outputFile.getFullPathName());
+    }
+    return 0;
+}

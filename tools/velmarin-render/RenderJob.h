@@ -1,0 +1,26 @@
+#pragma once
+
+#include "RenderOptions.h"
+
+/** One run of the command-line renderer: starts the real plug-in as a host would, feeds it the
+    input (or the demo phrase) in host-sized blocks with MIDI and a play head, and writes what was
+    asked for. Message thread of the tool's process. */
+class RenderJob
+{
+public:
+    explicit RenderJob(RenderOptions options);
+
+    /** Runs the job. Returns 0 on success; 2 with `error()` set on bad usage or bad input, in which
+        case no output file is written. `output()` gets what the job prints on standard output. */
+    int run();
+
+    const juce::String& error() const noexcept { return errorText; }
+    const juce::String& output() const noexcept { return outputText; }
+
+private:
+    int fail(const juce::String& message);
+
+    RenderOptions options;
+    juce::String errorText;
+    juce::String outputText;
+};
