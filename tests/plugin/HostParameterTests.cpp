@@ -1,1 +1,115 @@
+// The 28 parameters the host sees, and how values travel between host and plug-in.
+#include "parameters/ParameterManager.h"
+#include "plugin/BasePlugin.h"
+#include "plugin/PluginAudioProcessor.h"
+
 #include <gtest/gtest.h>
+
+namespace
+{
+struct HostLog : juce::AudioProcessorListener
+{
+    std::vector<std::pair<int, float>> values;
+    std::vector<std::pair<int, bool>> gestures;
+    void audioProcessorParameterChanged(juce::AudioProcessor*, int index, float value) override { values.emplace_back(index, value); }
+    void audioProcessorChanged(juce::AudioProcessor*, const ChangeDetails&) override {}
+    void audioProcessorParameterChangeGestureBegin(juce::AudioProcessor*, int index) override { gestures.emplace_back(index, true); }
+    void audioProcessorParameterChangeGestureEnd(juce::AudioProcessor*, int index) override { gestures.emplace_back(index, false); }
+};
+
+class HostParameters : public ::testing::Test
+{
+protected:
+    void SetUp() override { processor.addListener(&host); }
+    void TearDown() override { processor.removeListener(&host); }
+    juce::AudioProcessorParameter& hostParameter(int h) { return *processor.getParameters()[h]; }
+    Parameter& parameter(int index) { return *processor.getPlugin().getParameterManager().getParameter(index); }
+
+    PluginAudioProcessor processor;
+    HostLog host;
+};
+} // namespace
+
+TEST_F(HostParameters, HostIndexIIsParameterIWithItsNameDefaultAndFlags)
+{
+    ASSERT_EQ(processor.getParameters().size(), 28);
+    auto& plugin = processor.getPlugin();
+    for (int h = 0; h < 28; ++h)
+    {
+        EXPECT_EQ(hostParameter(h).getName(100), parameter(h).getName());
+        EXPECT_TRUE(hostParameter(h).isAutomatable());
+        EXPECT_FALSE(hostParameter(h).isMetaParameter());
+        EXPECT_FLOAT_EQ(hostParameter(h).getDefaultValue(), parameter(h).getNormalized());
+        EXPECT_EQ(dynamic_cast<juce::HostedAudioProcessorParameter&>(hostParameter(h)).getParameterID(),
+                  "hostParam" + juce::String(h + 1));
+    }
+    EXPECT_EQ(plugin.getParameterName(27), "Output Volume");
+    EXPECT_EQ(plugin.getParameterName(28), "");
+    EXPECT_EQ(hostParameter(0).getDefaultValue(), 0.0f);
+    EXPECT_EQ(hostParameter(27).getDefaultValue(), 0.5f);
+    EXPECT_EQ(hostParameter(0).getName(3), "Pre");
+    EXPECT_EQ(hostParameter(20).getNumSteps(), 6);
+    EXPECT_TRUE(hostParameter(1).isBoolean());
+    EXPECT_FALSE(hostParameter(0).isDiscrete());
+}
+
+TEST_F(HostParameters, HostWriteReachesTheParameterWithoutEcho)
+{
+    hostParameter(26).setValueNotifyingHost(0.75f);
+    EXPECT_EQ(parameter(26).getNormalized(), 0.75f);
+    EXPECT_EQ(host.values.size(), 1u) << "only the host's own notification, no echo from the plug-in";
+
+    hostParameter(20).setValue(1.0f);
+    EXPECT_EQ(parameter(20).getText(), "512");
+    EXPECT_EQ(host.values.size(), 1u);
+}
+
+TEST_F(HostParameters, ChangesFromInsideReachTheHostWithGestures)
+{
+    parameter(14).beginChange();
+    parameter(14).setNormalized(0.2f, true);
+    parameter(14).endChange();
+    ASSERT_EQ(host.values.size(), 1u);
+    EXPECT_EQ(host.values[0], (std::pair<int, float> { 14, 0.2f }));
+    EXPECT_EQ(host.gestures, (std::vector<std::pair<int, bool>> { { 14, true }, { 14, false } }));
+    EXPECT_FLOAT_EQ(hostParameter(14).getValue(), 0.2f);
+
+    parameter(29).setText("High", true);
+    parameter(100001).setText("Draft", true);
+    EXPECT_EQ(host.values.size(), 1u) << "parameters without a host index stay inside";
+}
+
+TEST_F(HostParameters, TextsOfOtherValuesLeaveTheLiveParameterAlone)
+{
+    const float before = parameter(19).getNormalized();
+    EXPECT_EQ(hostParameter(19).getText(1.0f, 100), "Concave");
+    EXPECT_EQ(hostParameter(19).getText(0.5f, 100), "Linear");
+    EXPECT_EQ(hostParameter(26).getText(0.25f, 100), "0.25");
+    EXPECT_EQ(hostParameter(26).getText(0.5f, 100), "0.5");
+    EXPECT_EQ(hostParameter(5).getText(0.0f, 100), "Off");
+    EXPECT_EQ(hostParameter(19).getCurrentValueAsText(), "Mistress");
+    EXPECT_FLOAT_EQ(hostParameter(19).getValueForText("Concave"), 1.0f);
+    EXPECT_FLOAT_EQ(hostParameter(26).getValueForText("0.3"), 0.3f);
+    EXPECT_EQ(parameter(19).getNormalized(), before);
+    EXPECT_TRUE(host.values.empty());
+}
+
+TEST_F(HostParameters, PlaceholderKeepsTheHostsValueAndShowsEightDecimals)
+{
+    auto& plugin = processor.getPlugin();
+    plugin.clearHostParameter(27);
+    EXPECT_EQ(plugin.getParameterName(27), "Parameter 28");
+    hostParameter(27).setValue(0.125f);
+    EXPECT_EQ(hostParameter(27).getValue(), 0.125f);
+    EXPECT_EQ(plugin.getParameterText(27), "0.12500000");
+    EXPECT_EQ(hostParameter(27).getDefaultValue(), 0.0f);
+    EXPECT_EQ(parameter(27).getNormalized(), 0.5f) << "the parameter itself is untouched";
+
+    plugin.setHostParameter(27, &parameter(27), false);
+    EXPECT_EQ(plugin.getParameterName(27), "Output Volume");
+    plugin.setHostParameter(0, &parameter(27), false);
+    EXPECT_EQ(plugin.getParameterName(0), "Output Volume");
+    EXPECT_EQ(plugin.getParameterName(27), "Parameter 28") << "a parameter holds one host place at a time";
+    plugin.setHostParameter(5, &parameter(29), false);
+    EXPECT_EQ(plugin.getParameterName(5), "Delay Offset Link") << "a parameter that is not automatable gets no place";
+}

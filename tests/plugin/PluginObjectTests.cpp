@@ -1,1 +1,198 @@
+// The plug-in object as a host sees it: start-up, layouts, latency, quality switching, state.
+#include "parameters/ParameterManager.h"
+#include "plugin/BasePlugin.h"
+#include "plugin/PluginAudioProcessor.h"
+
 #include <gtest/gtest.h>
+
+namespace
+{
+juce::AudioProcessor::BusesLayout layout(int ins, int outs)
+{
+    juce::AudioProcessor::BusesLayout l;
+    l.inputBuses.add(juce::AudioChannelSet::canonicalChannelSet(ins));
+    l.outputBuses.add(juce::AudioChannelSet::canonicalChannelSet(outs));
+    return l;
+}
+
+juce::String text(PluginAudioProcessor& p, int index)
+{
+    return p.getPlugin().getParameterManager().getText(index);
+}
+
+void setText(PluginAudioProcessor& p, int index, const juce::String& t)
+{
+    p.getPlugin().getParameterManager().setText(index, t);
+}
+
+void processOneBlock(PluginAudioProcessor& p, bool bypassed = false)
+{
+    juce::AudioBuffer<float> buffer(2, 32);
+    buffer.clear();
+    juce::MidiBuffer midi;
+    if (bypassed)
+        p.processBlockBypassed(buffer, midi);
+    else
+        p.processBlock(buffer, midi);
+}
+} // namespace
+
+TEST(PluginObject, DeclaresItsIdentityLatencyAndLayouts)
+{
+    PluginAudioProcessor p;
+    EXPECT_EQ(p.getName(), "Velmarin");
+    EXPECT_EQ(p.getLatencySamples(), 1);
+    EXPECT_TRUE(p.acceptsMidi());
+    EXPECT_EQ(p.getPlugin().getDescription(), "Analog BBD Stereo Flanger");
+    EXPECT_EQ(p.getPlugin().getVersion(), "1.1.3");
+    EXPECT_EQ(p.getPlugin().getCodeLetters(), "VM");
+    EXPECT_EQ(p.getPlugin().getPackageFileExtension(), ".vmzip");
+
+    EXPECT_TRUE(p.checkBusesLayoutSupported(layout(1, 1)));
+    EXPECT_TRUE(p.checkBusesLayoutSupported(layout(1, 2)));
+    EXPECT_TRUE(p.checkBusesLayoutSupported(layout(2, 2)));
+    EXPECT_FALSE(p.checkBusesLayoutSupported(layout(2, 1)));
+    EXPECT_FALSE(p.checkBusesLayoutSupported(layout(0, 2)));
+    EXPECT_FALSE(p.checkBusesLayoutSupported(layout(2, 0)));
+    EXPECT_FALSE(p.checkBusesLayoutSupported(layout(6, 6)));
+
+    p.prepareToPlay(96000.0, 64);
+    EXPECT_EQ(p.getLatencySamples(), 1);
+    EXPECT_TRUE(p.getPlugin().isPrepared());
+    EXPECT_EQ(p.getPlugin().getSampleRateContext().sampleRate, 96000.0);
+    p.releaseResources();
+    EXPECT_FALSE(p.getPlugin().isPrepared());
+}
+
+TEST(PluginObject, PassesAudioEndToEndInEveryLayout)
+{
+    for (auto [ins, outs] : { std::pair { 2, 2 }, std::pair { 1, 2 }, std::pair { 1, 1 } })
+    {
+        PluginAudioProcessor p;
+        ASSERT_TRUE(p.setBusesLayout(layout(ins, outs)));
+        p.prepareToPlay(44100.0, 64);
+        juce::AudioBuffer<float> buffer(std::max(ins, outs), 64);
+        for (int ch = 0; ch < buffer.getNumChannels(); ++ch)
+            for (int i = 0; i < 64; ++i)
+                buffer.setSample(ch, i, static_cast<float>(ch + 1) * 0.01f * static_cast<float>(i % 7));
+        juce::MidiBuffer midi;
+        p.processBlock(buffer, midi);
+        for (int i = 0; i < 64; ++i)
+        {
+            const float expected = 0.01f * static_cast<float>(i % 7);
+            ASSERT_FLOAT_EQ(buffer.getSample(0, i), expected) << ins << "-" << outs;
+            if (outs == 2)
+            {
+                ASSERT_FLOAT_EQ(buffer.getSample(1, i), ins == 2 ? 2.0f * expected : expected) << ins << "-" << outs;
+            }
+        }
+    }
+}
+
+TEST(PluginObject, QualityFollowsTheOfflineFlagButNotWhenBypassed)
+{
+    PluginAudioProcessor p;
+    setText(p, 100001, "Draft");
+    EXPECT_EQ(text(p, 29), "Draft") << "a change of the real-time quality applies at once";
+    setText(p, 100003, "Ultra");
+    EXPECT_EQ(text(p, 29), "Draft") << "the offline quality waits for offline mode";
+
+    p.prepareToPlay(44100.0, 32);
+    p.setNonRealtime(true);
+    processOneBlock(p, true);
+    EXPECT_EQ(text(p, 29), "Draft") << "a bypassed block does not look at the flag";
+    processOneBlock(p);
+    EXPECT_EQ(text(p, 29), "Ultra");
+    EXPECT_TRUE(p.getPlugin().isNonRealtime());
+    p.setNonRealtime(false);
+    processOneBlock(p);
+    EXPECT_EQ(text(p, 29), "Draft");
+
+    p.setNonRealtime(true);
+    p.prepareToPlay(44100.0, 32);
+    EXPECT_EQ(text(p, 29), "Ultra") << "prepare stores the flag and applies the quality";
+}
+
+TEST(PluginObject, StateRoundTripsIntoASecondInstance)
+{
+    PluginAudioProcessor first;
+    setText(first, 0, "0.25");
+    setText(first, 20, "512");
+    setText(first, 16, "Off");
+    setText(first, 100001, "High");
+    setText(first, 100003, "Draft");
+    setText(first, 100000, "My Sound");
+    juce::MemoryBlock state;
+    first.getStateInformation(state);
+    EXPECT_EQ(first.getPlugin().getStateReadCount(), 1);
+
+    PluginAudioProcessor second;
+    second.setStateInformation(state.getData(), static_cast<int>(state.getSize()));
+    EXPECT_EQ(second.getPlugin().getStateWriteCount(), 1);
+    for (int index : { 0, 20, 16, 100001, 100003, 100000, 29 })
+        EXPECT_EQ(text(second, index), text(first, index)) << index;
+
+    juce::MemoryBlock again;
+    second.getStateInformation(again);
+    EXPECT_EQ(again, state) << "the state a host set is the state it gets back";
+}
+
+TEST(PluginObject, ForeignOrBrokenChunksChangeNothing)
+{
+    PluginAudioProcessor p;
+    setText(p, 14, "0.9");
+    juce::MemoryBlock before;
+    p.getStateInformation(before);
+
+    auto chunkFor = [](const juce::String& xmlText) {
+        juce::MemoryBlock block;
+        juce::AudioProcessor::copyXmlToBinary(*juce::parseXML(xmlText), block);
+        return block;
+    };
+    const juce::MemoryBlock foreign = chunkFor(R"(<PluginState application="Other"><ParametersState><Preset><Parameters><param name="Feedback L/M" value="0.1"/></Parameters></Preset></ParametersState></PluginState>)");
+    const juce::MemoryBlock wrongRoot = chunkFor(R"(<State application="Velmarin"/>)");
+    const char garbage[] = "VC2!\x10\x00\x00\x00<PluginState";
+    const std::vector<std::pair<const void*, int>> chunks = {
+        { foreign.getData(), static_cast<int>(foreign.getSize()) },
+        { wrongRoot.getData(), static_cast<int>(wrongRoot.getSize()) },
+        { garbage, static_cast<int>(sizeof(garbage)) },
+        { garbage, 1 },
+        { garbage, 0 },
+        { nullptr, 0 },
+    };
+    for (const auto& [data, size] : chunks)
+        p.setStateInformation(data, size);
+
+    juce::MemoryBlock after;
+    p.getStateInformation(after);
+    EXPECT_EQ(after, before);
+    EXPECT_EQ(p.getPlugin().getStateWriteCount(), static_cast<int>(chunks.size()));
+}
+
+TEST(PluginObject, ChunkNamesTheApplicationIgnoringCaseAndFillsGapsFromDefaults)
+{
+    PluginAudioProcessor p;
+    setText(p, 0, "0.5");
+    setText(p, 27, "0.9");
+    juce::MemoryBlock block;
+    juce::AudioProcessor::copyXmlToBinary(*juce::parseXML(juce::String(
+        R"(<PluginState application="velmarin"><ParametersState><Preset name="Older"><Parameters>
+             <param name="Output Volume" value="0.2"/><param name="Gone Knob" value="1"/>
+           </Parameters></Preset></ParametersState></PluginState>)")), block);
+    p.setStateInformation(block.getData(), static_cast<int>(block.getSize()));
+    EXPECT_EQ(text(p, 27), "0.2");
+    EXPECT_EQ(text(p, 0), "0") << "a parameter the chunk lacks goes to its default";
+    EXPECT_EQ(text(p, 100000), "Older");
+    EXPECT_EQ(text(p, 100001), "Normal") << "no ProcessingQuality element: the qualities stay";
+}
+
+TEST(PluginObject, RevertParameterReturnsToTheCurrentPreset)
+{
+    PluginAudioProcessor p;
+    setText(p, 23, "0.3");
+    p.getPlugin().revertParameter(23);
+    EXPECT_EQ(text(p, 23), "1");
+    setText(p, 29, "Ultra");
+    p.getPlugin().revertParameter(29);
+    EXPECT_EQ(text(p, 29), "Ultra") << "not a preset parameter";
+}

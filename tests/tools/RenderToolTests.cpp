@@ -1,1 +1,196 @@
+// The command-line renderer end to end: options, errors that leave files alone, and renders.
+#include "DemoSignal.h"
+#include "RenderJob.h"
+
+#include <juce_audio_formats/juce_audio_formats.h>
+
 #include <gtest/gtest.h>
+
+namespace
+{
+ParseResult parse(std::initializer_list<const char*> args)
+{
+    juce::StringArray list;
+    for (auto* a : args)
+        list.add(a);
+    return parseRenderOptions(list);
+}
+
+struct Rendered
+{
+    int status = -1;
+    juce::String error, output;
+};
+
+Rendered render(std::initializer_list<const char*> args)
+{
+    auto parsed = parse(args);
+    EXPECT_TRUE(parsed.ok()) << parsed.error;
+    RenderJob job(parsed.options);
+    Rendered r;
+    r.status = job.run();
+    r.error = job.error();
+    r.output = job.output();
+    return r;
+}
+
+std::unique_ptr<juce::AudioFormatReader> openWav(const juce::File& file)
+{
+    juce::WavAudioFormat wav;
+    return std::unique_ptr<juce::AudioFormatReader>(wav.createReaderFor(file.createInputStream().release(), true));
+}
+
+class RenderTool : public ::testing::Test
+{
+protected:
+    juce::TemporaryFile outFile { ".wav" };
+    juce::String outPath() const { return outFile.getFile().getFullPathName(); }
+};
+} // namespace
+
+TEST(RenderOptions, RefusesBadUsageWithOneClearLine)
+{
+    const std::vector<std::vector<const char*>> bad = {
+        { "--block", "0" },       { "--block", "65537" },   { "--block", "12x" },   { "--rate", "7999" },
+        { "--rate", "192001" },   { "--layout", "2-1" },    { "--quality", "best" }, { "--cc", "10:7" },
+        { "--cc", "10:128:1" },   { "--cc", "-1:7:1" },     { "--set", "NoEquals" }, { "--tempo", "0" },
+        { "--frobnicate" },       { "--out" },
+    };
+    for (const auto& args : bad)
+    {
+        juce::StringArray list;
+        for (auto* a : args)
+            list.add(a);
+        const auto result = parseRenderOptions(list);
+        EXPECT_FALSE(result.ok()) << list.joinIntoString(" ");
+        EXPECT_FALSE(result.error.containsChar('\n'));
+    }
+}
+
+TEST(RenderOptions, ReadsRepeatableOptionsInOrder)
+{
+    const auto r = parse({ "--set", "BBD Length=512", "--set", "Preamp=0.25", "--cc", "1000:7:127", "--block", "1",
+                           "--tempo", "133", "--playing", "--layout", "1-2" });
+    ASSERT_TRUE(r.ok()) << r.error;
+    ASSERT_EQ(r.options.sets.size(), 2u);
+    EXPECT_EQ(r.options.sets[0].first, "BBD Length");
+    EXPECT_EQ(r.options.sets[1].second, "0.25");
+    ASSERT_EQ(r.options.controllers.size(), 1u);
+    EXPECT_EQ(r.options.controllers[0].sample, 1000);
+    EXPECT_EQ(r.options.controllers[0].value, 127);
+    EXPECT_EQ(r.options.blockSize, 1);
+    EXPECT_EQ(*r.options.tempo, 133.0);
+    EXPECT_TRUE(r.options.playing);
+}
+
+TEST(DemoSignal, IsDeterministicStereoAndAudible)
+{
+    const auto a = makeDemoSignal(48000.0, 1.5);
+    const auto b = makeDemoSignal(48000.0, 1.5);
+    ASSERT_EQ(a.getNumChannels(), 2);
+    ASSERT_EQ(a.getNumSamples(), 72000);
+    for (int ch = 0; ch < 2; ++ch)
+        for (int i = 0; i < a.getNumSamples(); ++i)
+            ASSERT_EQ(a.getSample(ch, i), b.getSample(ch, i));
+    const float peak = a.getMagnitude(0, a.getNumSamples());
+    EXPECT_GT(peak, 0.1f);
+    EXPECT_LT(peak, 1.0f);
+    EXPECT_GT(a.getRMSLevel(0, 0, 48000), 0.01f);
+}
+
+TEST_F(RenderTool, WritesFloatWavAtTheInputRateWithTheLayoutsChannels)
+{
+    const auto r = render({ "--rate", "48000", "--seconds", "0.5", "--layout", "1-2", "--block", "100", "--tail", "0.25",
+                            "--out", outPath().toRawUTF8() });
+    ASSERT_EQ(r.status, 0) << r.error;
+    auto reader = openWav(outFile.getFile());
+    ASSERT_NE(reader, nullptr);
+    EXPECT_EQ(reader->sampleRate, 48000.0);
+    EXPECT_EQ(reader->numChannels, 2u);
+    EXPECT_EQ(reader->bitsPerSample, 32u);
+    EXPECT_TRUE(reader->usesFloatingPointData);
+    EXPECT_EQ(reader->lengthInSamples, 36000);
+}
+
+TEST_F(RenderTool, RendersTheSameWhateverTheBlockSize)
+{
+    juce::TemporaryFile other(".wav");
+    ASSERT_EQ(render({ "--seconds", "0.3", "--block", "512", "--out", outPath().toRawUTF8() }).status, 0);
+    ASSERT_EQ(render({ "--seconds", "0.3", "--block", "37", "--out", other.getFile().getFullPathName().toRawUTF8() }).status, 0);
+    juce::MemoryBlock a, b;
+    outFile.getFile().loadFileAsData(a);
+    other.getFile().loadFileAsData(b);
+    EXPECT_EQ(a, b);
+}
+
+TEST_F(RenderTool, BadInputExitsTwoAndLeavesAnExistingOutputAlone)
+{
+    ASSERT_TRUE(outFile.getFile().replaceWithText("precious"));
+    juce::TemporaryFile notAudio(".wav");
+    ASSERT_TRUE(notAudio.getFile().replaceWithText("this is not audio"));
+
+    const auto unknown = render({ "--set", "No Such Knob=1", "--out", outPath().toRawUTF8() });
+    EXPECT_EQ(unknown.status, 2);
+    EXPECT_TRUE(unknown.error.contains("No Such Knob"));
+
+    const auto broken = render({ "--in", notAudio.getFile().getFullPathName().toRawUTF8(), "--out", outPath().toRawUTF8() });
+    EXPECT_EQ(broken.status, 2);
+
+    const auto missing = render({ "--in", "/nonexistent/in.wav", "--out", outPath().toRawUTF8() });
+    EXPECT_EQ(missing.status, 2);
+
+    const auto state = render({ "--state-in", "/nonexistent/state.bin", "--out", outPath().toRawUTF8() });
+    EXPECT_EQ(state.status, 2);
+
+    EXPECT_EQ(outFile.getFile().loadFileAsString(), "precious");
+}
+
+TEST_F(RenderTool, PrintsParametersAfterSetsAndQuality)
+{
+    const auto r = render({ "--seconds", "0.05", "--set", "BBD Length=512", "--set", "Delay Offset Link=Off",
+                            "--quality", "Ultra", "--print-params" });
+    ASSERT_EQ(r.status, 0) << r.error;
+    juce::StringArray lines;
+    lines.addLines(r.output.trimEnd());
+    ASSERT_EQ(lines.size(), 35);
+    EXPECT_EQ(lines[20], "20\tBBD Length\t512\t512");
+    EXPECT_EQ(lines[5], "5\tDelay Offset Link\tOff\tOff");
+    EXPECT_TRUE(lines[29].startsWith("29\tProcessing Quality\tUltra")) << "the real-time quality reached the engine's selector at prepare";
+    EXPECT_TRUE(lines[31].startsWith("100001\tReal-time Processing Quality\tUltra"));
+    EXPECT_TRUE(lines[32].startsWith("100003\tOffline Processing Quality\tUltra"));
+}
+
+TEST_F(RenderTool, StateWrittenByOneRunRestoresInTheNext)
+{
+    juce::TemporaryFile state(".bin");
+    const auto statePath = state.getFile().getFullPathName();
+    ASSERT_EQ(render({ "--seconds", "0", "--set", "Feedback L/M=0.8", "--set", "Low Cut=Off",
+                       "--state-out", statePath.toRawUTF8() }).status, 0);
+    const auto r = render({ "--seconds", "0", "--state-in", statePath.toRawUTF8(), "--print-params" });
+    ASSERT_EQ(r.status, 0) << r.error;
+    EXPECT_TRUE(r.output.contains("14\tFeedback L/M\t0.8\t"));
+    EXPECT_TRUE(r.output.contains("22\tLow Cut\tOff\t"));
+}
+
+TEST_F(RenderTool, BenchReportsTheRealtimeFactor)
+{
+    const auto r = render({ "--seconds", "0.2", "--bench" });
+    ASSERT_EQ(r.status, 0);
+    EXPECT_TRUE(r.output.startsWith("audio_seconds=0.200000 cpu_seconds="));
+    EXPECT_TRUE(r.output.contains("realtime_factor="));
+}
+
+TEST_F(RenderTool, OptionsOfLaterSubsystemsSayTheyAreNotAvailableYet)
+{
+    for (auto args : { std::vector<const char*> { "--preset", "Init" }, { "--midi-map", "x.vmccmap" }, { "--list-presets" } })
+    {
+        juce::StringArray list;
+        for (auto* a : args)
+            list.add(a);
+        auto parsed = parseRenderOptions(list);
+        ASSERT_TRUE(parsed.ok());
+        RenderJob job(parsed.options);
+        EXPECT_EQ(job.run(), 2);
+        EXPECT_TRUE(job.error().contains("not available yet"));
+    }
+}

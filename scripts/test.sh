@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# The test command: sets up, builds, runs every unit test (plain and with AddressSanitizer and
+# UndefinedBehaviorSanitizer), then validates the VST3 and LV2 plug-ins with pluginval at
+# strictness 10. Exits non-zero on any failure.
+set -euo pipefail
+
+root=$(cd "$(dirname "$0")/.." && pwd)
+cd "$root"
+jobs=$(nproc)
+shared="$root/../shared"
+
+bash scripts/setup.sh
+
+echo "== build (Release)"
+cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=Release >build.configure.log 2>&1 \
+  || { cat build.configure.log; exit 1; }
+cmake --build build -j"$jobs"
+
+echo "== unit tests"
+ctest --test-dir build --output-on-failure -j"$jobs"
+
+echo "== unit tests with AddressSanitizer and UndefinedBehaviorSanitizer"
+cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVELMARIN_SANITIZE=ON \
+  -DVELMARIN_BUILD_PLUGIN=OFF >build-sanitize.configure.log 2>&1 \
+  || { cat build-sanitize.configure.log; exit 1; }
+cmake --build build-sanitize -j"$jobs"
+ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+  ctest --test-dir build-sanitize --output-on-failure -j"$jobs"
+
+echo "== pluginval, strictness 10 (VST3 and LV2)"
+mkdir -p "$HOME/.cache"
+pluginval=$(bash "$shared/tools/pluginval/build.sh")
+artefacts="$root/build/src/Velmarin_artefacts/Release"
+"$pluginval" --strictness-level 10 --skip-gui-tests --validate "$artefacts/VST3/Velmarin.vst3" \
+  >build/pluginval-vst3.log 2>&1 || { tail -n 60 build/pluginval-vst3.log; echo "pluginval failed on VST3"; exit 1; }
+echo "VST3: $(tail -n 1 build/pluginval-vst3.log)"
+# pluginval finds LV2 plug-ins by URI in ~/.lv2: give it a private home holding the built bundle.
+lv2home=$(mktemp -d)
+trap 'rm -rf "$lv2home"' EXIT
+mkdir -p "$lv2home/.lv2"
+ln -s "$artefacts/LV2/Velmarin.lv2" "$lv2home/.lv2/Velmarin.lv2"
+HOME="$lv2home" "$pluginval" --strictness-level 10 --skip-gui-tests --validate "https://q41group.com/plugins/velmarin" \
+  >build/pluginval-lv2.log 2>&1 || { tail -n 60 build/pluginval-lv2.log; echo "pluginval failed on LV2"; exit 1; }
+echo "LV2: $(tail -n 1 build/pluginval-lv2.log)"
+
+echo "== all tests passed"
