@@ -42,6 +42,13 @@ target_include_directories(velmarin_juce SYSTEM INTERFACE
 target_compile_features(velmarin_juce PUBLIC cxx_std_20)
 set_target_properties(velmarin_juce PROPERTIES LINKER_LANGUAGE CXX)
 
-# Warnings for the project's own code (JUCE's headers come in as system headers).
-add_library(velmarin_warnings INTERFACE)
-target_compile_options(velmarin_warnings INTERFACE -Wall -Wextra)
+# Options for the project's own code: warnings (JUCE's headers come in as system headers) and, in a
+# sanitizer build, AddressSanitizer and UndefinedBehaviorSanitizer. JUCE itself stays uninstrumented
+# and compiled exactly as in the plain build, so both builds share it through ccache.
+add_library(velmarin_code_options INTERFACE)
+target_compile_options(velmarin_code_options INTERFACE -Wall -Wextra)
+if(VELMARIN_SANITIZE)
+  target_compile_options(velmarin_code_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer -g)
+  target_link_options(velmarin_code_options INTERFACE -fsanitize=address,undefined)
+endif()

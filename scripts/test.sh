@@ -20,7 +20,7 @@ echo "== unit tests"
 ctest --test-dir build --output-on-failure -j"$jobs"
 
 echo "== unit tests with AddressSanitizer and UndefinedBehaviorSanitizer"
-cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVELMARIN_SANITIZE=ON \
+cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELMARIN_SANITIZE=ON \
   -DVELMARIN_BUILD_PLUGIN=OFF >build-sanitize.configure.log 2>&1 \
   || { cat build-sanitize.configure.log; exit 1; }
 cmake --build build-sanitize -j"$jobs"
