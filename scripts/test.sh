@@ -28,8 +28,15 @@ ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:ha
   ctest --test-dir build-sanitize --output-on-failure -j"$jobs"
 
 echo "== pluginval, strictness 10 (VST3 and LV2)"
-mkdir -p "$HOME/.cache"
-pluginval=$(bash "$shared/tools/pluginval/build.sh")
+# Built inside this tree's build folder so that a cache left by another checkout of the validator's
+# sources can never get in the way; ccache makes the rebuild on a later run quick.
+pvdir="$root/build/pluginval"
+launcher=$(command -v ccache || true)
+if ! pluginval=$(CMAKE_C_COMPILER_LAUNCHER="$launcher" CMAKE_CXX_COMPILER_LAUNCHER="$launcher" \
+    bash "$shared/tools/pluginval/build.sh" "$pvdir"); then
+  tail -n 40 "$pvdir.configure.log" "$pvdir.build.log" 2>/dev/null || true
+  echo "pluginval could not be built"; exit 1
+fi
 artefacts="$root/build/src/Velmarin_artefacts/Release"
 "$pluginval" --strictness-level 10 --skip-gui-tests --validate "$artefacts/VST3/Velmarin.vst3" \
   >build/pluginval-vst3.log 2>&1 || { tail -n 60 build/pluginval-vst3.log; echo "pluginval failed on VST3"; exit 1; }
