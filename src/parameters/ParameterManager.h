@@ -50,6 +50,8 @@ public:
     juce::String getText(int index) const;
     /** setText with notification. */
     void setText(int index, const juce::String& text);
+    /** Stores a text parameter's value with notification (the form read-outs use). */
+    void setString(int index, const juce::String& text) { setText(index, text); }
     juce::String getName(int index) const;
     /** copyFrom with notification; nothing when either parameter is missing. */
     void copyValue(int destination, int source);

@@ -1,5 +1,6 @@
 #include "Velmarin.h"
 
+#include "../engine/FrequencyReadout.h"
 #include "../engine/VelmarinCore.h"
 #include "../parameters/VelmarinParameterManager.h"
 
@@ -8,7 +9,21 @@ Velmarin::Velmarin()
 {
 }
 
+namespace
+{
+constexpr int bbdFrequencyIndex = 28;
+}
+
 std::unique_ptr<MarrowgateEffectCore> Velmarin::createEffectCore()
 {
     return std::make_unique<VelmarinCore>();
+}
+
+void Velmarin::refreshBbdFrequencyDisplay()
+{
+    float frequency = 0.0f;
+    if (isPrepared())
+        if (auto* velmarinCore = dynamic_cast<VelmarinCore*>(getCore()))
+            frequency = velmarinCore->currentBbdFrequency.load();
+    getParameterManager().setString(bbdFrequencyIndex, bbdFrequencyText(frequency));
 }

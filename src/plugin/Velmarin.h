@@ -29,6 +29,10 @@ public:
     juce::String getBuildIdentifier() const override { return "velmarin-1.1.3-linux"; }
     juce::String getBranch() const override { return "master"; }
 
+    /** The editor's periodic read-out of the BBD clock: stores the left line's clock frequency as
+        text into "Current BBD Frequency" (empty while unprepared, bypassed or gated). Message thread. */
+    void refreshBbdFrequencyDisplay();
+
 protected:
     std::unique_ptr<MarrowgateEffectCore> createEffectCore() override;
 };

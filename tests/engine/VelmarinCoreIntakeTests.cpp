@@ -92,12 +92,12 @@ TEST_F(CoreIntake, FeedbackRightIsInaudibleWhileLinkedAndReturnsOnUnlink)
 TEST_F(CoreIntake, RatesNotesAndOtherLaws)
 {
     setFloat(6, 0.216000006f);
-    EXPECT_EQ(q().rateLeft, static_cast<double>(0.025037454f * std::exp(7.3762617f * 0.216000006f)));
+    EXPECT_EQ(core.getLfo(0).freeRate, static_cast<double>(0.025037454f * std::exp(7.3762617f * 0.216000006f)));
     setFloat(7, 1.0f);
     EXPECT_NEAR(q().rateRight, 0.025037454 * std::exp(7.3762617), 1e-3);
 
     setEnum(8, "32;16;8;4;2;1;1/2;1/4;1/8;1/16;1/32", 7);
-    EXPECT_EQ(q().noteCodeLeft, 8);
+    EXPECT_EQ(core.getLfo(0).clock.division.noteCode, 8);
     setEnum(9, "32;16;8;4;2;1;1/2;1/4;1/8;1/16;1/32", 10);
     EXPECT_EQ(q().noteCodeRight, 11);
 
@@ -108,9 +108,10 @@ TEST_F(CoreIntake, RatesNotesAndOtherLaws)
     setFloat(27, 0.5f);
     EXPECT_FLOAT_EQ(q().outputGain, 1.0f);
     setFloat(18, 1.0f);
-    EXPECT_DOUBLE_EQ(q().phaseShift, 3.14159265358979323846);
+    EXPECT_DOUBLE_EQ(core.getLfo(1).phaseOffset, 3.14159265358979323846);
+    EXPECT_EQ(core.getLfo(0).phaseOffset, 0.0);
     setEnum(20, "16;32;64;128;256;512", 5);
-    EXPECT_EQ(q().bbdLengthIndex, 5);
+    EXPECT_EQ(core.getStageCount(), 512);
     setBool(25, false);
     EXPECT_FALSE(q().autoMixMode);
 }
@@ -118,7 +119,7 @@ TEST_F(CoreIntake, RatesNotesAndOtherLaws)
 TEST_F(CoreIntake, NoteCodeOutOfRangeChangesNothing)
 {
     setEnum(8, "32;16;8;4;2;1;1/2;1/4;1/8;1/16;1/32", 3);
-    EXPECT_EQ(q().noteCodeLeft, 4);
+    EXPECT_EQ(core.getLfo(0).clock.division.noteCode, 4);
     setEnum(8, "a;b;c;d;e;f;g;h;i;j;k;l;m", 12);
-    EXPECT_EQ(q().noteCodeLeft, 4);
+    EXPECT_EQ(core.getLfo(0).clock.division.noteCode, 4);
 }

@@ -64,26 +64,28 @@ TEST(PluginObject, DeclaresItsIdentityLatencyAndLayouts)
     EXPECT_FALSE(p.getPlugin().isPrepared());
 }
 
-TEST(PluginObject, PassesAudioEndToEndInEveryLayout)
+TEST(PluginObject, BypassPassesAudioEndToEndOneSampleLateInEveryLayout)
 {
     for (auto [ins, outs] : { std::pair { 2, 2 }, std::pair { 1, 2 }, std::pair { 1, 1 } })
     {
         PluginAudioProcessor p;
         ASSERT_TRUE(p.setBusesLayout(layout(ins, outs)));
         p.prepareToPlay(44100.0, 64);
+        EXPECT_EQ(p.getLatencySamples(), 1);
         juce::AudioBuffer<float> buffer(std::max(ins, outs), 64);
+        const auto input = [](int ch, int i) { return static_cast<float>(ch + 1) * 0.01f * static_cast<float>(i % 7); };
         for (int ch = 0; ch < buffer.getNumChannels(); ++ch)
             for (int i = 0; i < 64; ++i)
-                buffer.setSample(ch, i, static_cast<float>(ch + 1) * 0.01f * static_cast<float>(i % 7));
+                buffer.setSample(ch, i, input(ch, i));
         juce::MidiBuffer midi;
-        p.processBlock(buffer, midi);
-        for (int i = 0; i < 64; ++i)
+        p.processBlockBypassed(buffer, midi);
+        for (int i = 1; i < 64; ++i)
         {
-            const float expected = 0.01f * static_cast<float>(i % 7);
-            ASSERT_FLOAT_EQ(buffer.getSample(0, i), expected) << ins << "-" << outs;
+            ASSERT_FLOAT_EQ(buffer.getSample(0, i), input(0, i - 1)) << ins << "-" << outs;
             if (outs == 2)
             {
-                ASSERT_FLOAT_EQ(buffer.getSample(1, i), ins == 2 ? 2.0f * expected : expected) << ins << "-" << outs;
+                // A mono input feeds both sides of a stereo output.
+                ASSERT_FLOAT_EQ(buffer.getSample(1, i), input(ins == 2 ? 1 : 0, i - 1)) << ins << "-" << outs;
             }
         }
     }

@@ -4,6 +4,7 @@
 
 #include "plugin/BasePlugin.h"
 #include "plugin/PluginAudioProcessor.h"
+#include "plugin/Velmarin.h"
 
 #include <juce_audio_formats/juce_audio_formats.h>
 
@@ -202,6 +203,10 @@ int RenderJob::run()
         for (int ch = 0; ch < numOuts; ++ch)
             result.copyFrom(ch, static_cast<int>(start), block, ch, 0, n);
     }
+    // The frequency read-out is taken while prepared, as the editor's periodic update does.
+    if (options.printParams)
+        if (auto* velmarin = dynamic_cast<Velmarin*>(&processor.getPlugin()))
+            velmarin->refreshBbdFrequencyDisplay();
     processor.releaseResources();
     processor.setPlayHead(nullptr);
 
