@@ -1,0 +1,239 @@
+// The run: what a careless signal path gets wrong at its boundaries.
+#include "CoreRig.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+float peakOf(const std::vector<float>& x, size_t from = 0)
+{
+    float peak = 0.0f;
+    for (size_t i = from; i < x.size(); ++i)
+        peak = std::max(peak, std::abs(x[i]));
+    return peak;
+}
+
+size_t indexOfPeak(const std::vector<float>& x)
+{
+    return static_cast<size_t>(std::max_element(x.begin(), x.end(), [](float a, float b) { return std::abs(a) < std::abs(b); })
+                               - x.begin());
+}
+
+/** Wet only, in the plain mixer: output = wet path. */
+void wetOnly(CoreRig& rig)
+{
+    rig.setBool(25, false);
+    rig.setFloat(26, 1.0f);
+}
+} // namespace
+
+TEST(CoreRun, ClockFrequencyAtRestMatchesTheVoltageLaw)
+{
+    CoreRig rig;
+    rig.setFloat(3, 0.0f);
+    rig.setFloat(11, 0.0f);
+    rig.runStereo(testSignal(64));
+    rig.prepare(44100.0); // a repeated prepare settles every smoother on its target
+    rig.runStereo(testSignal(64));
+    // V = 0.661: 675750 Hz on every curve, times R = 4, times 256 / 512.
+    EXPECT_NEAR(rig.core.currentBbdFrequency.load(), 1351500.0f, 2.0f);
+}
+
+TEST(CoreRun, WetPathStartsSilentAndDryPathIsOneSampleLate)
+{
+    CoreRig rig;
+    wetOnly(rig);
+    rig.setFloat(21, 0.0f);  // slowest range, so the line takes many samples to fill
+    rig.setChoice(20, 5);    // 512 stages
+    rig.setFloat(3, 1.0f);
+    rig.runStereo(silence(16)); // the mixer's controls glide from 0 in the first run after construction
+    rig.prepare(44100.0);
+    const auto wet = rig.runStereo(testSignal(4000));
+    for (size_t i = 0; i < 100; ++i)
+        ASSERT_EQ(wet.left[i], 0.0f) << i;
+    EXPECT_GT(peakOf(wet.left, 3000), 0.05f) << "the wet signal arrives once the line has filled";
+
+    CoreRig dryRig;
+    dryRig.setBool(25, false);
+    dryRig.setFloat(26, 0.0f);
+    dryRig.prepare(44100.0);
+    dryRig.runStereo(silence(16));
+    dryRig.prepare(44100.0); // output volume settled at unity
+    const auto input = testSignal(256);
+    const auto dry = dryRig.runStereo(input);
+    EXPECT_EQ(dry.left[0], 0.0f);
+    for (size_t i = 1; i < 256; ++i)
+    {
+        ASSERT_EQ(dry.left[i], input.left[i - 1]) << i;
+        ASSERT_EQ(dry.right[i], input.right[i - 1]) << i;
+    }
+}
+
+TEST(CoreRun, BypassIsAOneSampleDelayThatFreezesTheEngine)
+{
+    CoreRig rig;
+    rig.runStereo(testSignal(500));
+    const double phase = rig.core.getLfo(0).phase;
+    const auto input = testSignal(300);
+    const auto out = rig.runStereo(input, 128, true);
+    for (size_t i = 1; i < 300; ++i)
+        ASSERT_EQ(out.left[i], input.left[i - 1]) << i;
+    EXPECT_EQ(rig.core.getLfo(0).phase, phase);
+    EXPECT_EQ(rig.core.currentBbdFrequency.load(), 0.0f);
+}
+
+TEST(CoreRun, RepeatedPrepareKeepsLfoPhasesAndARateChangeRestartsThem)
+{
+    CoreRig rig;
+    rig.runStereo(testSignal(1000));
+    const double phase = rig.core.getLfo(0).phase;
+    ASSERT_GT(phase, 0.0);
+    rig.prepare(44100.0);
+    EXPECT_EQ(rig.core.getLfo(0).phase, phase);
+    rig.prepare(48000.0);
+    EXPECT_EQ(rig.core.getLfo(0).phase, 0.0);
+}
+
+TEST(CoreRun, RateChangeRederivesEverythingThatDependsOnTheRate)
+{
+    // A core moved from 44100 to 96000 Hz must sound exactly like one that only ever ran at 96000.
+    CoreRig moved(44100.0);
+    moved.setFloat(11, 0.0f);
+    moved.runStereo(silence(256));
+    moved.prepare(96000.0);
+
+    CoreRig native(96000.0);
+    native.setFloat(11, 0.0f);
+    native.runStereo(silence(256));
+    native.prepare(96000.0);
+
+    const auto input = testSignal(3000, 96000.0);
+    const auto a = moved.runStereo(input);
+    const auto b = native.runStereo(input);
+    ASSERT_GT(peakOf(a.left), 0.01f);
+    for (size_t i = 0; i < a.left.size(); ++i)
+    {
+        ASSERT_EQ(a.left[i], b.left[i]) << i;
+        ASSERT_EQ(a.right[i], b.right[i]) << i;
+    }
+}
+
+TEST(CoreRun, QualitySwitchKeepsTheWetSignalInPlace)
+{
+    std::vector<size_t> peaks;
+    for (int quality = 0; quality < 4; ++quality)
+    {
+        CoreRig rig;
+        wetOnly(rig);
+        rig.setFloat(11, 0.0f);
+        rig.setChoice(22, 0);
+        rig.setChoice(29, quality);
+        rig.runStereo(silence(64));
+        rig.prepare(44100.0);
+        auto impulse = silence(400);
+        impulse.left[100] = 0.5f;
+        peaks.push_back(indexOfPeak(rig.runStereo(impulse).left));
+    }
+    EXPECT_EQ(peaks[0], peaks[1]);
+    EXPECT_EQ(peaks[1], peaks[2]);
+    EXPECT_EQ(peaks[2], peaks[3]);
+    EXPECT_GT(peaks[0], 110u);
+}
+
+TEST(CoreRun, AutoMixIgnoresTheMixerControlsAndVolumeZeroSilences)
+{
+    const auto input = testSignal(2000);
+    CoreRig plain;
+    const auto reference = plain.runStereo(input);
+
+    CoreRig moved;
+    moved.setFloat(26, 0.1f);
+    moved.setFloat(23, 0.2f);
+    moved.setFloat(24, 0.7f);
+    const auto out = moved.runStereo(input);
+    EXPECT_EQ(out.left, reference.left);
+    EXPECT_EQ(out.right, reference.right);
+
+    CoreRig muted;
+    muted.setFloat(27, 0.0f);
+    muted.runStereo(input);
+    muted.prepare(44100.0);
+    const auto silent = muted.runStereo(input);
+    EXPECT_EQ(peakOf(silent.left), 0.0f);
+    EXPECT_EQ(peakOf(silent.right), 0.0f);
+}
+
+TEST(CoreRun, FeedbackLinkHoldsBackTheRightSideUntilReleased)
+{
+    const auto input = testSignal(3000);
+    CoreRig reference;
+    const auto base = reference.runStereo(input);
+
+    CoreRig linked;
+    linked.setFloat(15, 0.95f); // "Feedback R/S" while the link is on
+    EXPECT_EQ(linked.runStereo(input).right, base.right);
+
+    CoreRig released;
+    released.setFloat(15, 0.95f);
+    released.setBool(16, false);
+    EXPECT_NE(released.runStereo(input).right, base.right);
+}
+
+TEST(CoreRun, SilenceGateHoldsThenFadesOverAHundredMilliseconds)
+{
+    CoreRig rig;
+    rig.runStereo(testSignal(2000));
+    // hold decays by 0.9996 per sample: below -96 dB after 27720 samples, then 4410 samples of fade.
+    rig.runStereo(silence(27600));
+    EXPECT_TRUE(rig.core.getGate().active[0]);
+    EXPECT_FALSE(rig.core.getGate().fading[0]);
+    rig.runStereo(silence(200));
+    EXPECT_TRUE(rig.core.getGate().fading[0]);
+    const auto fading = rig.runStereo(silence(4300));
+    EXPECT_TRUE(rig.core.getGate().active[0]);
+    EXPECT_GT(peakOf(fading.left), 0.0f) << "the wet tail fades rather than stopping";
+    rig.runStereo(silence(200));
+    EXPECT_FALSE(rig.core.getGate().active[0]);
+    EXPECT_FALSE(rig.core.getGate().active[1]);
+
+    const auto shut = rig.runStereo(silence(512));
+    EXPECT_EQ(peakOf(shut.left), 0.0f);
+    EXPECT_EQ(rig.core.currentBbdFrequency.load(), 0.0f) << "a shut gate reads out no clock";
+
+    auto wake = silence(64);
+    wake.right[10] = 0.1f;
+    rig.runStereo(wake);
+    EXPECT_TRUE(rig.core.getGate().active[1]) << "any input above the threshold reopens the channel";
+    EXPECT_GT(rig.core.currentBbdFrequency.load(), 0.0f);
+}
+
+TEST(CoreRun, MonoRunIgnoresStereoControlsAndNeverShuts)
+{
+    const auto input = testSignal(3000).left;
+    CoreRig reference;
+    const auto base = reference.runMono(input);
+
+    CoreRig stereoControls;
+    stereoControls.setBool(1, true);
+    stereoControls.setFloat(2, 0.7f);
+    EXPECT_EQ(stereoControls.runMono(input), base);
+    EXPECT_EQ(stereoControls.core.peakLeft.load(), stereoControls.core.peakRight.load());
+
+    // The second channel's gate is never cleared by a mono run, so the path keeps working.
+    stereoControls.runMono(std::vector<float>(40000, 0.0f));
+    EXPECT_TRUE(stereoControls.core.getGate().active[1]);
+    EXPECT_GT(stereoControls.core.currentBbdFrequency.load(), 0.0f);
+}
+
+TEST(CoreRun, ResultDoesNotDependOnHowTheBlockIsCut)
+{
+    const auto input = testSignal(5000);
+    CoreRig whole, pieces;
+    const auto a = whole.runStereo(input, 5000);
+    const auto b = pieces.runStereo(input, 37);
+    EXPECT_EQ(a.left, b.left);
+    EXPECT_EQ(a.right, b.right);
+}
