@@ -17,6 +17,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   # hosts and validation: LV2 tools, a virtual display, pluginval's LADSPA header
   lilv-utils xvfb xauth ladspa-sdk
+  fonts-dejavu-core
 )
 
 missing=()

@@ -4,6 +4,8 @@
 
 #include <juce_audio_formats/juce_audio_formats.h>
 
+#include "Spectrogram.h"
+
 #include <gtest/gtest.h>
 
 namespace
@@ -158,6 +160,39 @@ TEST_F(RenderTool, PrintsParametersAfterSetsAndQuality)
     EXPECT_TRUE(lines[29].startsWith("29\tProcessing Quality\tUltra")) << "the real-time quality reached the engine's selector at prepare";
     EXPECT_TRUE(lines[31].startsWith("100001\tReal-time Processing Quality\tUltra"));
     EXPECT_TRUE(lines[32].startsWith("100003\tOffline Processing Quality\tUltra"));
+}
+
+TEST_F(RenderTool, DrawsASpectrogramOfTheOutput)
+{
+    juce::TemporaryFile picture(".png");
+    const auto path = picture.getFile().getFullPathName();
+    const auto r = render({ "--seconds", "0.3", "--spectrogram", path.toRawUTF8() });
+    ASSERT_EQ(r.status, 0) << r.error;
+    const auto image = juce::ImageFileFormat::loadFrom(picture.getFile());
+    ASSERT_TRUE(image.isValid());
+    EXPECT_EQ(image.getWidth(), 70 + Spectrogram::plotWidth + 110);
+    // The demo's energy shows somewhere in the plot, above the colour of -100 dB.
+    bool lit = false;
+    for (int y = 40; y < 40 + Spectrogram::plotHeight && ! lit; y += 7)
+        for (int x = 70; x < 70 + Spectrogram::plotWidth && ! lit; x += 7)
+            lit = image.getPixelAt(x, y).getBrightness() > 0.5f;
+    EXPECT_TRUE(lit);
+
+    const auto bad = render({ "--seconds", "0.1", "--spectrogram", "/nonexistent-folder/x.png" });
+    EXPECT_EQ(bad.status, 2);
+    EXPECT_TRUE(bad.error.contains("spectrogram"));
+}
+
+TEST_F(RenderTool, PrintsTheClockFrequencyReachedAtTheEndOfTheRender)
+{
+    const auto settled = render({ "--seconds", "0.5", "--set", "Delay Offset L/M=0", "--set", "LFO Depth L/M=0",
+                                  "--print-params" });
+    ASSERT_EQ(settled.status, 0) << settled.error;
+    EXPECT_TRUE(settled.output.contains("28\tCurrent BBD Frequency\t1.35M\t")) << settled.output;
+
+    const auto bypassed = render({ "--seconds", "0.1", "--bypass", "--print-params" });
+    ASSERT_EQ(bypassed.status, 0) << bypassed.error;
+    EXPECT_TRUE(bypassed.output.contains("28\tCurrent BBD Frequency\t\t")) << "a bypassed run reads out no clock";
 }
 
 TEST_F(RenderTool, StateWrittenByOneRunRestoresInTheNext)

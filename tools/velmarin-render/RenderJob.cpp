@@ -1,6 +1,7 @@
 #include "RenderJob.h"
 
 #include "DemoSignal.h"
+#include "Spectrogram.h"
 
 #include "plugin/BasePlugin.h"
 #include "plugin/PluginAudioProcessor.h"
@@ -252,6 +253,14 @@ int RenderJob::run()
         }
         if (! temporary.overwriteTargetFileWithTemporary())
             return fail("cannot write output file " + options.outputFile.getFullPathName());
+    }
+
+    if (options.spectrogram != juce::File())
+    {
+        const auto title = "Velmarin output, " + juce::String(rate, 0) + " Hz"
+                         + (options.outputFile != juce::File() ? " (" + options.outputFile.getFileName() + ")" : juce::String());
+        if (! Spectrogram::writePng(Spectrogram::render(result, rate, title), options.spectrogram))
+            return fail("cannot write spectrogram file " + options.spectrogram.getFullPathName());
     }
     return 0;
 }

@@ -52,6 +52,7 @@ juce::String renderUsage()
            "  --print-params         print index, name, text and display text of every parameter\n"
            "  --list-presets         print the items of every content store\n"
            "  --bench                print audio_seconds, cpu_seconds and realtime_factor\n"
+           "  --spectrogram FILE     draw the output's spectrum over time into a PNG file\n"
            "  --user-dir DIR         user folder (default: a private temporary folder)\n"
            "  --data-dir DIR         data folder\n"
            "  --help                 this text\n";
@@ -92,7 +93,7 @@ ParseResult parseRenderOptions(const juce::StringArray& args)
                              || arg == "--quality" || arg == "--tempo" || arg == "--ppq-start" || arg == "--cc"
                              || arg == "--midi-map" || arg == "--tail" || arg == "--state-in"
                              || arg == "--state-out" || arg == "--save-preset" || arg == "--user-dir"
-                             || arg == "--data-dir";
+                             || arg == "--data-dir" || arg == "--spectrogram";
         if (! takesValue)
             return fail("unknown option '" + arg + "' (see --help)");
 
@@ -110,6 +111,7 @@ ParseResult parseRenderOptions(const juce::StringArray& args)
         else if (arg == "--save-preset") o.savePreset = file();
         else if (arg == "--user-dir") o.userDir = file();
         else if (arg == "--data-dir") o.dataDir = file();
+        else if (arg == "--spectrogram") o.spectrogram = file();
         else if (arg == "--preset") o.preset = v;
         else if (arg == "--rate")
         {

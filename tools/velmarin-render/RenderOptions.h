@@ -35,6 +35,8 @@ struct RenderOptions
     double tailSeconds = 0.0;
     juce::File stateIn;
     juce::File stateOut;
+    /** A PNG picture of the output's spectrum over time. */
+    juce::File spectrogram;
     juce::File savePreset;
     bool printParams = false;
     bool listPresets = false;
