@@ -8,7 +8,7 @@ juce::String bbdFrequencyText(float hertz)
     if (f == 0.0)
         return {};
     if (f < 10000.0)
-        return juce::String(juce::roundToInt(f)).paddedLeft(' ', 5);
+        return juce::String(static_cast<juce::int64>(std::lround(f))).paddedLeft(' ', 5);
     if (f < 99999.0)
         return juce::String(f * 0.001, 1) + "k";
     if (f < 999999.0)

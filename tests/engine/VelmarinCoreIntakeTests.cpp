@@ -1,8 +1,5 @@
 // From parameter to engine quantity: links, stored pairs and the feedback compensation.
-#include "engine/VelmarinCore.h"
-#include "parameters/BoolParameter.h"
-#include "parameters/EnumParameter.h"
-#include "parameters/FloatParameter.h"
+#include "CoreRig.h"
 
 #include <gtest/gtest.h>
 
@@ -10,29 +7,10 @@
 
 namespace
 {
-class CoreIntake : public ::testing::Test
+class CoreIntake : public ::testing::Test, public CoreRig
 {
 protected:
-    void setFloat(int index, float normalized)
-    {
-        FloatParameter p(index, "p", 0.0f, 1.0f, normalized);
-        core.parameterChanged(p);
-    }
-    void setBool(int index, bool on)
-    {
-        StateParameter p(index, "p", on);
-        core.parameterChanged(p);
-    }
-    void setEnum(int index, const char* items, int value)
-    {
-        EnumParameter p(index, "p");
-        p.setItems(items);
-        p.setInt(value, false);
-        core.parameterChanged(p);
-    }
     const VelmarinCore::Quantities& q() const { return core.getQuantities(); }
-
-    VelmarinCore core;
 };
 } // namespace
 
@@ -96,9 +74,9 @@ TEST_F(CoreIntake, RatesNotesAndOtherLaws)
     setFloat(7, 1.0f);
     EXPECT_NEAR(q().rateRight, 0.025037454 * std::exp(7.3762617), 1e-3);
 
-    setEnum(8, "32;16;8;4;2;1;1/2;1/4;1/8;1/16;1/32", 7);
+    setChoice(8, 7);
     EXPECT_EQ(core.getLfo(0).clock.division.noteCode, 8);
-    setEnum(9, "32;16;8;4;2;1;1/2;1/4;1/8;1/16;1/32", 10);
+    setChoice(9, 10);
     EXPECT_EQ(q().noteCodeRight, 11);
 
     setFloat(0, 0.5f);
@@ -110,7 +88,7 @@ TEST_F(CoreIntake, RatesNotesAndOtherLaws)
     setFloat(18, 1.0f);
     EXPECT_DOUBLE_EQ(core.getLfo(1).phaseOffset, 3.14159265358979323846);
     EXPECT_EQ(core.getLfo(0).phaseOffset, 0.0);
-    setEnum(20, "16;32;64;128;256;512", 5);
+    setChoice(20, 5);
     EXPECT_EQ(core.getStageCount(), 512);
     setBool(25, false);
     EXPECT_FALSE(q().autoMixMode);
@@ -118,8 +96,8 @@ TEST_F(CoreIntake, RatesNotesAndOtherLaws)
 
 TEST_F(CoreIntake, NoteCodeOutOfRangeChangesNothing)
 {
-    setEnum(8, "32;16;8;4;2;1;1/2;1/4;1/8;1/16;1/32", 3);
+    setChoice(8, 3);
     EXPECT_EQ(core.getLfo(0).clock.division.noteCode, 4);
-    setEnum(8, "a;b;c;d;e;f;g;h;i;j;k;l;m", 12);
+    setChoice(8, 12);
     EXPECT_EQ(core.getLfo(0).clock.division.noteCode, 4);
 }
