@@ -53,11 +53,75 @@ void Parameter::notifyListeners()
     triggerAsyncUpdate();
 }
 
+namespace
+{
+juce::String decimals(double x, int places)
+{
+    return juce::String(x, places);
+}
+
+/** Thousands of an integer value: the last digit is dropped before the scaling, in float. */
+float thousandsOf(int i)
+{
+    return static_cast<float>(i / 10) * 0.01f;
+}
+
+juce::String kilo(int i, int places, const juce::String& suffix)
+{
+    const float k = thousandsOf(i);
+    const bool whole = k - std::trunc(k) == 0.0f;
+    return decimals(k, whole ? 0 : places) + suffix;
+}
+} // namespace
+
 juce::String Parameter::getDisplayText() const
 {
-    if (formatter != nullptr)
-        return formatter->format(*this);
-    return getText() + unit;
+    // Signed numbers: exactly 0 shows as "0" without decimals, negatives carry their own sign.
+    const auto signedText = [this](const juce::String& number) {
+        const float f = getFloat();
+        if (f == 0.0f)
+            return "0" + unit;
+        return (f < 0.0f ? juce::String() : juce::String("+")) + number + unit;
+    };
+
+    switch (format)
+    {
+        case 0: return formatter != nullptr ? formatter->format(*this) : getText() + unit;
+        case 1: return juce::String(getInt()) + unit;
+        case 2: return decimals(getFloat(), 1) + unit;
+        case 3: return decimals(getFloat(), 2) + unit;
+        case 4: return signedText(juce::String(getInt()));
+        case 5: return signedText(decimals(getFloat(), 1));
+        case 6: return signedText(decimals(getFloat(), 2));
+        case 7: return signedText(decimals(getFloat(), 3));
+        case 8:
+            if (getNormalized() < 1e-8f)
+                return "-inf.";
+            return signedText(decimals(getFloat(), 1));
+        case 9: return kilo(getInt(), 1, unit);
+        case 10: return kilo(getInt(), 2, unit);
+        case 11:
+        {
+            const float f = getFloat();
+            if (f < 1000.0f)
+                return juce::String(static_cast<int>(f)) + unit;
+            return decimals(f * 0.001f, 0) + "k" + unit;
+        }
+        case 12:
+        case 13:
+        {
+            const int i = getInt();
+            if (i / 10 < 100)
+                return juce::String(i) + unit;
+            return kilo(i, format == 12 ? 1 : 2, "k" + unit);
+        }
+        case 14:
+        {
+            const int a = static_cast<int>(getNormalized() * 100.0f);
+            return juce::String(100 - a) + "/" + juce::String(a) + unit;
+        }
+        default: return {};
+    }
 }
 
 void Parameter::addListener(Listener* listener)

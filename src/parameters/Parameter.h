@@ -56,7 +56,9 @@ public:
     virtual void setText(const juce::String& text, bool notify) = 0;
     virtual void copyFrom(const Parameter& other, bool notify) = 0;
 
-    /** The text a user reads: the formatter's answer when there is one, else the text and unit. */
+    /** The text a user reads, with units, signs and rounding, chosen by the format code: 0 asks the
+        formatter (or gives the text and unit), 1 to 14 are the generic formats of the definition
+        file's words ("integer" .. "crossfade"), anything above 14 gives an empty text. */
     juce::String getDisplayText() const;
 
     int getIndex() const noexcept { return index; }

@@ -1,8 +1,98 @@
 #include "VelmarinParameterManager.h"
 
+#include <cmath>
+
+namespace
+{
+/** floor(x + 0.5) in float. */
+int floorRound(float x)
+{
+    return static_cast<int>(std::floor(x + 0.5f));
+}
+
+/** Rounds halves away from zero, in the precision of its argument. */
+template <typename Real>
+Real awayRound(Real x)
+{
+    return x >= Real(0) ? std::trunc(x + Real(0.5)) : std::trunc(x - Real(0.5));
+}
+
+juce::String percentText(float n)
+{
+    return juce::String(floorRound(n * 100.0f)) + "%";
+}
+
+juce::String splitText(float n, const char* suffix)
+{
+    const int r = floorRound(n * 100.0f);
+    return juce::String(100 - r) + "/" + juce::String(r) + suffix;
+}
+
+const juce::String inactiveText("Inactive");
+
+// Masters: a link or the auto mix mode that takes over from a parameter.
+constexpr int offsetLink = 5, rateLink = 10, depthLink = 13, feedbackLink = 16, autoMix = 25;
+} // namespace
+
 juce::String VelmarinParameterManager::format(const Parameter& parameter)
 {
-    return ParameterManager::format(parameter);
+    const float n = parameter.getNormalized();
+    const int index = parameter.getIndex();
+
+    switch (index)
+    {
+        case 0:
+        {
+            const float x = n * 24.0f;
+            return (x > 0.0f ? "+" : "") + juce::String(static_cast<double>(x), 1) + "dB";
+        }
+        case 2: return splitText(n, "%");
+        case 4:
+            if (getBool(offsetLink))
+                return inactiveText;
+            [[fallthrough]];
+        case 3: return percentText(n);
+        case 7:
+            if (getBool(rateLink))
+                return inactiveText;
+            [[fallthrough]];
+        case 6:
+        {
+            const double hertz = std::exp(static_cast<double>(n) * 7.37626162510092) * 0.025037454253099462;
+            return juce::String(awayRound(hertz * 1000.0) * 0.001, 0) + "Hz";
+        }
+        case 12:
+            if (getBool(depthLink))
+                return inactiveText;
+            [[fallthrough]];
+        case 11: return percentText(n);
+        case 15:
+            if (getBool(feedbackLink))
+                return inactiveText;
+            [[fallthrough]];
+        case 14:
+        {
+            const auto p = static_cast<int>(awayRound((n * 1.9f - 0.95f) * 105.26316f));
+            return (p > 0 ? "+" : "") + juce::String(p) + "%";
+        }
+        case 18: return juce::String(static_cast<int>(awayRound(n * 180.0f))) + " deg";
+        case 21: return "x " + juce::String(static_cast<int>(n * 5.0f * 100.0f + 100.5f) * 0.01, 0);
+        case 23:
+        case 24: return getBool(autoMix) ? inactiveText : percentText(n);
+        case 26: return getBool(autoMix) ? inactiveText : splitText(n, "% (Dry/Wet)");
+        case 27:
+        {
+            const double v = static_cast<double>(n) * n * 4.0;
+            if (v > 0.0)
+            {
+                const double dB = 20.0 * std::log10(v);
+                if (dB > -320.0)
+                    return (dB > 0.01 ? "+" : "") + juce::String(dB, 1) + "dB";
+            }
+            return "-Inf.";
+        }
+        default: return {};
+    }
 }
 
 ParameterFormatter* VelmarinParameterManager::getFormatter(int index)

@@ -84,8 +84,9 @@ TEST_F(HostParameters, TextsOfOtherValuesLeaveTheLiveParameterAlone)
     const float before = parameter(19).getNormalized();
     EXPECT_EQ(hostParameter(19).getText(1.0f, 100), "Concave");
     EXPECT_EQ(hostParameter(19).getText(0.5f, 100), "Linear");
-    EXPECT_EQ(hostParameter(26).getText(0.25f, 100), "0.25");
-    EXPECT_EQ(hostParameter(26).getText(0.5f, 100), "0.5");
+    EXPECT_EQ(hostParameter(2).getText(0.25f, 100), "75/25%");
+    EXPECT_EQ(hostParameter(27).getText(1.0f, 100), "+12.0dB");
+    EXPECT_EQ(hostParameter(26).getText(0.25f, 100), "Inactive") << "the auto mix mode has taken over";
     EXPECT_EQ(hostParameter(5).getText(0.0f, 100), "Off");
     EXPECT_EQ(hostParameter(19).getCurrentValueAsText(), "Mistress");
     EXPECT_FLOAT_EQ(hostParameter(19).getValueForText("Concave"), 1.0f);
