@@ -57,8 +57,7 @@ VelmarinCore::VelmarinCore()
     fallbackContext.set(44100.0);
     buildStepTable(stepTable);
     currentTable = sincTables[0].polyphase.get();
-    lfoLeft.context = lfoRight.context = &fallbackContext;
-    applySampleRate(fallbackContext);
+    applySampleRate(rateContext());
     applyBbdLength();
 }
 
@@ -155,7 +154,6 @@ void VelmarinCore::reset(bool sampleRateChanged)
     lowCut.type = StereoBiquad::highPass;
     lowCut.clearState();
 
-    tickPhase = {};
     inputRingIndex = 0;
     applyBbdLength(); // clears the input rings, the lines, their indices and the tick phases
 
@@ -190,7 +188,6 @@ void VelmarinCore::applyQuality(int index)
 
 void VelmarinCore::updateRightLfo()
 {
-    rateContext();
     const int code = q.rateLinked ? lfoLeft.clock.division.noteCode : q.noteCodeRight;
     const double free = q.rateLinked ? lfoLeft.freeRate : static_cast<double>(q.rateRight);
 
@@ -478,7 +475,7 @@ void VelmarinCore::runTicks(int channel, double tickStep, int ringBase, int o) n
         const float* row = currentTable + static_cast<int>(fraction * 1024.0) * tapCount;
         const float* taps = ring + firstTap + whole;
         float s0 = 0.0f, s1 = 0.0f, s2 = 0.0f, s3 = 0.0f;
-        for (int k = 0; k < tapCount; k += 4)
+        for (int vector = 0, k = 0; vector < tapVectors; ++vector, k += 4)
         {
             s0 += row[k] * taps[k];
             s1 += row[k + 1] * taps[k + 1];

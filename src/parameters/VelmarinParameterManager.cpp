@@ -28,17 +28,29 @@ juce::String splitText(float n, const char* suffix)
     return juce::String(100 - r) + "/" + juce::String(r) + suffix;
 }
 
-const juce::String inactiveText("Inactive");
-
-// Masters: a link or the auto mix mode that takes over from a parameter.
-constexpr int offsetLink = 5, rateLink = 10, depthLink = 13, feedbackLink = 16, autoMix = 25;
+/** The parameter that takes over from a parameter when it is on (a link or the auto mix mode), or -1.
+    Only the R/S side of a linked pair is ever inactive. */
+int masterOf(int index)
+{
+    switch (index)
+    {
+        case 4: return 5;    // Delay Offset R/S: Delay Offset Link
+        case 7: return 10;   // LFO Rate R/S: LFO Rate Link
+        case 12: return 13;  // LFO Depth R/S: LFO Depth Link
+        case 15: return 16;  // Feedback R/S: Feedback Link
+        case 23: case 24: case 26: return 25; // gains and FX Amount: Mistress Auto Mix Mode
+        default: return -1;
+    }
+}
 } // namespace
 
 juce::String VelmarinParameterManager::format(const Parameter& parameter)
 {
-    const float n = parameter.getNormalized();
     const int index = parameter.getIndex();
+    if (const int master = masterOf(index); master >= 0 && getBool(master))
+        return "Inactive";
 
+    const float n = parameter.getNormalized();
     switch (index)
     {
         case 0:
@@ -47,39 +59,20 @@ juce::String VelmarinParameterManager::format(const Parameter& parameter)
             return (x > 0.0f ? "+" : "") + juce::String(static_cast<double>(x), 1) + "dB";
         }
         case 2: return splitText(n, "%");
-        case 4:
-            if (getBool(offsetLink))
-                return inactiveText;
-            [[fallthrough]];
-        case 3: return percentText(n);
-        case 7:
-            if (getBool(rateLink))
-                return inactiveText;
-            [[fallthrough]];
-        case 6:
+        case 3: case 4: case 11: case 12: case 23: case 24: return percentText(n);
+        case 6: case 7:
         {
             const double hertz = std::exp(static_cast<double>(n) * 7.37626162510092) * 0.025037454253099462;
             return juce::String(awayRound(hertz * 1000.0) * 0.001, 0) + "Hz";
         }
-        case 12:
-            if (getBool(depthLink))
-                return inactiveText;
-            [[fallthrough]];
-        case 11: return percentText(n);
-        case 15:
-            if (getBool(feedbackLink))
-                return inactiveText;
-            [[fallthrough]];
-        case 14:
+        case 14: case 15:
         {
             const auto p = static_cast<int>(awayRound((n * 1.9f - 0.95f) * 105.26316f));
             return (p > 0 ? "+" : "") + juce::String(p) + "%";
         }
         case 18: return juce::String(static_cast<int>(awayRound(n * 180.0f))) + " deg";
         case 21: return "x " + juce::String(static_cast<int>(n * 5.0f * 100.0f + 100.5f) * 0.01, 0);
-        case 23:
-        case 24: return getBool(autoMix) ? inactiveText : percentText(n);
-        case 26: return getBool(autoMix) ? inactiveText : splitText(n, "% (Dry/Wet)");
+        case 26: return splitText(n, "% (Dry/Wet)");
         case 27:
         {
             const double v = static_cast<double>(n) * n * 4.0;
