@@ -38,12 +38,15 @@ if ! pluginval=$(CMAKE_C_COMPILER_LAUNCHER="$launcher" CMAKE_CXX_COMPILER_LAUNCH
   echo "pluginval could not be built"; exit 1
 fi
 artefacts="$root/build/src/Velmarin_artefacts/Release"
+# Every instance pluginval makes keeps its settings in a private folder, never the user's own.
+pvfolders=$(mktemp -d)
+lv2home=$(mktemp -d)
+trap 'rm -rf "$pvfolders" "$lv2home"' EXIT
+export VELMARIN_USER_DIR="$pvfolders/user" VELMARIN_DATA_DIR="$pvfolders/data"
 "$pluginval" --strictness-level 10 --skip-gui-tests --validate "$artefacts/VST3/Velmarin.vst3" \
   >build/pluginval-vst3.log 2>&1 || { tail -n 60 build/pluginval-vst3.log; echo "pluginval failed on VST3"; exit 1; }
 echo "VST3: $(tail -n 1 build/pluginval-vst3.log)"
 # pluginval finds LV2 plug-ins by URI in ~/.lv2: give it a private home holding the built bundle.
-lv2home=$(mktemp -d)
-trap 'rm -rf "$lv2home"' EXIT
 mkdir -p "$lv2home/.lv2"
 ln -s "$artefacts/LV2/Velmarin.lv2" "$lv2home/.lv2/Velmarin.lv2"
 HOME="$lv2home" "$pluginval" --strictness-level 10 --skip-gui-tests --validate "https://q41group.com/plugins/velmarin" \

@@ -3,6 +3,14 @@
 #include "../parameters/Parameter.h"
 #include "../parameters/ParameterManager.h"
 
+Preset::Preset(juce::InputStream& stream, const ParameterManager& manager, bool headerOnly, const juce::String& presetName)
+{
+    juce::XmlDocument document(stream.readEntireStreamAsString());
+    const auto root = document.getDocumentElement(headerOnly);
+    readXml(root.get(), manager, headerOnly);
+    name = presetName;
+}
+
 Preset::Preset(const Preset& other)
 {
     *this = other;
@@ -23,7 +31,7 @@ Preset& Preset::operator=(const Preset& other)
     rating = other.rating;
     ratingSet = other.ratingSet;
     version = other.version;
-    tagsText = other.tagsText;
+    tags = other.tags;
     return *this;
 }
 
@@ -84,7 +92,7 @@ void Preset::readXml(const juce::XmlElement* element, const ParameterManager& ma
     version = element->getStringAttribute("version");
     author = element->getStringAttribute("author");
     id = element->getStringAttribute("id");
-    tagsText = element->getStringAttribute("tags");
+    tags = ContentTags::fromText(element->getStringAttribute("tags"));
     if (element->hasAttribute("rating"))
         setRating(element->getIntAttribute("rating"));
 
@@ -130,8 +138,8 @@ std::unique_ptr<juce::XmlElement> Preset::createXml(const ParameterManager& mana
         root->setAttribute("id", id);
     if (ratingSet)
         root->setAttribute("rating", rating);
-    if (tagsText.isNotEmpty())
-        root->setAttribute("tags", tagsText);
+    if (! tags.isEmpty())
+        root->setAttribute("tags", tags.toText());
 
     auto* list = root->createNewChildElement("Parameters");
     for (auto* v : values)
@@ -149,4 +157,34 @@ std::unique_ptr<juce::XmlElement> Preset::createXml(const ParameterManager& mana
     if (extra->getNumChildElements() > 0)
         root->addChildElement(extra.release());
     return root;
+}
+
+void Preset::loadFromFile(const juce::File& file, const ParameterManager& manager, bool headerOnly)
+{
+    juce::XmlDocument document(file);
+    if (const auto root = document.getDocumentElement(headerOnly))
+        readXml(root.get(), manager, headerOnly);
+    name = file.getFileNameWithoutExtension();
+}
+
+bool Preset::saveToFile(const juce::File& file, const ParameterManager& manager) const
+{
+    const auto root = createXml(manager, false);
+    if (root == nullptr)
+        return false;
+    // The default text format: a UTF-8 header and no DTD. The write goes through a temporary file,
+    // so a failed write leaves an existing preset as it was.
+    return root->writeTo(file);
+}
+
+bool Preset::writeTagsToFile(const juce::File& file, const ContentTags& newTags)
+{
+    if (file == juce::File() || ! file.existsAsFile())
+        return false;
+    juce::XmlDocument document(file);
+    const auto root = document.getDocumentElement();
+    if (root == nullptr || ! root->getTagName().equalsIgnoreCase("Preset"))
+        return false;
+    root->setAttribute("tags", newTags.toText());
+    return root->writeTo(file);
 }

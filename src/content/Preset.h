@@ -5,6 +5,8 @@
 // host's state chunk. Values are never interpreted here: parameters convert themselves to and
 // from text.
 
+#include "ContentTags.h"
+
 #include <juce_core/juce_core.h>
 
 class Parameter;
@@ -33,13 +35,27 @@ public:
     };
 
     Preset() = default;
+    /** Reads a whole document from a stream (a preset inside a package), then takes the given
+        name. A stream that holds no document gives a preset without values. */
+    Preset(juce::InputStream& stream, const ParameterManager& manager, bool headerOnly, const juce::String& presetName);
     Preset(const Preset& other);
     Preset& operator=(const Preset& other);
     virtual ~Preset() = default;
 
+    /** Reads a .vmprs2 file; with headerOnly only the outer element is parsed. A file that gives no
+        element leaves the preset as it was. The name becomes the file's name without extension,
+        always: a `name` attribute in a file has no effect. */
+    virtual void loadFromFile(const juce::File& file, const ParameterManager& manager, bool headerOnly);
+    /** Writes the document without the name, UTF-8. False when the write failed. */
+    virtual bool saveToFile(const juce::File& file, const ParameterManager& manager) const;
     /** Extension points for products that keep more than parameters; empty here. */
     virtual void readExtraData(const juce::XmlElement&) {}
     virtual void writeExtraData(juce::XmlElement&) const {}
+
+    /** Rewrites the `tags` attribute of an existing preset file, keeping every other attribute and
+        child, known or not. The attribute is set even when the text is empty. False when the path
+        is not a file, the document's root is not a `Preset`, or the write failed. */
+    static bool writeTagsToFile(const juce::File& file, const ContentTags& tags);
 
     /** Reads a `Preset` element (tag compared ignoring case). Clears the values first; metadata
         missing from the element becomes empty. With headerOnly the parameters are not read. */
@@ -76,9 +92,8 @@ public:
     bool isRatingSet() const noexcept { return ratingSet; }
     /** Stores a rating of 1..5 and marks it as set; other values are ignored. */
     void setRating(int newRating);
-    /** The tags in their text form ("Type:Chorus|Flanger;Modulation:Slow"). */
-    const juce::String& getTagsText() const noexcept { return tagsText; }
-    void setTagsText(const juce::String& s) { tagsText = s; }
+    const ContentTags& getTags() const noexcept { return tags; }
+    void setTags(const ContentTags& newTags) { tags = newTags; }
 
 private:
     juce::OwnedArray<PresetValue> values;
@@ -87,5 +102,5 @@ private:
     int rating = 3;
     bool ratingSet = false;
     juce::String version;
-    juce::String tagsText;
+    ContentTags tags;
 };

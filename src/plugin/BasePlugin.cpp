@@ -2,6 +2,7 @@
 
 #include "../parameters/FloatParameter.h"
 #include "../parameters/StringParameter.h"
+#include "FolderRule.h"
 #include "PluginAudioProcessor.h"
 
 namespace
@@ -80,8 +81,44 @@ juce::String BasePlugin::getPluginFormat() const
 }
 
 //==============================================================================
+void BasePlugin::setUpDirectories()
+{
+    const auto code = getCodeName();
+    userDirectory = FolderRule::userDirectory(code, pluginFile, getBranch());
+    dataDirectory = FolderRule::dataDirectory(code, pluginFile, getBranch());
+
+    // An entry that exists is never overwritten; a folder that cannot be created is not reported
+    // here, whatever writes into it fails later.
+    if (! directories.contains("AppData"))
+        directories.set("AppData", dataDirectory);
+    if (! directories.contains("UserData"))
+    {
+        directories.set("UserData", userDirectory);
+        if (! userDirectory.isDirectory())
+            userDirectory.createDirectory();
+    }
+    if (! directories.contains("UserStore"))
+    {
+        const auto store = userDirectory.getChildFile("UserStore");
+        directories.set("UserStore", store);
+        store.createDirectory();
+    }
+}
+
+juce::File BasePlugin::getDirectory(const juce::String& key) const
+{
+    return directories.contains(key) ? directories[key] : juce::File();
+}
+
+juce::File BasePlugin::getUserPresetsFolder()
+{
+    return supportsPresets() ? getDirectory("UserPresets") : juce::File();
+}
+
 void BasePlugin::initialise()
 {
+    setUpDirectories();
+
     if (autoMapsHostParameters() && supportsPresets())
     {
         hostParameterCount = 0;
@@ -105,12 +142,22 @@ void BasePlugin::initialise()
         addDebugParameters();
 
     parameters->addListenerToAll(this);
+
+    readUserSettings();
+    // The MIDI control map and the host map files are loaded here once those maps exist.
 }
 
 void BasePlugin::finishInitialisation()
 {
     if (supportsPresets())
     {
+        if (! directories.contains("UserPresets"))
+        {
+            const auto folder = getDirectory("UserStore").getChildFile("Presets");
+            directories.set("UserPresets", folder);
+            folder.createDirectory();
+        }
+
         auto& slot = presetSlots[0];
         slot.nameParameter = presetNameIndex;
         slot.ranges.clear();
@@ -119,11 +166,130 @@ void BasePlugin::finishInitialisation()
         storeToPreset(currentPreset, 0);
     }
 
+    // The preset change detector and the user store join here with the content stores; until
+    // then an instance has neither, which every preset operation allows.
+
     parameters->captureDefaults();
 
     loadingSlot.store(0);
     parameters->notifyAll();
     loadingSlot.store(-1);
+
+    if (wantsStateDump())
+    {
+        juce::XmlDocument document(getStateDumpFile());
+        if (const auto dump = document.getDocumentElement())
+            setState(*dump);
+    }
+}
+
+void BasePlugin::beginTeardown()
+{
+    writeUserSettings();
+    closing = true;
+}
+
+juce::File BasePlugin::getStateDumpFile() const
+{
+    return userDirectory.getChildFile(getCodeName() + ".dump");
+}
+
+//==============================================================================
+juce::File BasePlugin::getUserSettingsFile()
+{
+    return userDirectory.getChildFile(getCodeName() + ".ini");
+}
+
+bool BasePlugin::isUserSettings(const juce::XmlElement& element)
+{
+    return element.getTagName().equalsIgnoreCase("UserSettings")
+        && element.getStringAttribute("application").equalsIgnoreCase(getCodeName());
+}
+
+void BasePlugin::setMidiMapDefault(bool useAsDefault, const juce::File& file)
+{
+    midiMapDefault = useAsDefault;
+    midiMapFile = file;
+}
+
+void BasePlugin::readQualities(const juce::XmlElement& presetElement, int firstIndex, int secondIndex)
+{
+    Preset qualities;
+    qualities.readXml(&presetElement, *parameters, false);
+    for (int i = 0; i < qualities.getNumValues(); ++i)
+    {
+        const auto& v = qualities.getValue(i);
+        if (v.index == firstIndex || v.index == secondIndex)
+            parameters->setText(v.index, v.value);
+    }
+}
+
+void BasePlugin::readUserSettings()
+{
+    juce::XmlDocument document(getUserSettingsFile());
+    const auto root = document.getDocumentElement();
+    if (root != nullptr && isUserSettings(*root))
+    {
+        for (auto* child : root->getChildIterator())
+        {
+            const bool midi = child->getTagName().equalsIgnoreCase("MidiControlMap");
+            const bool host = child->getTagName().equalsIgnoreCase("HostParametersMap");
+            if (! midi && ! host)
+                continue;
+            const bool useAsDefault = child->getStringAttribute("default").equalsIgnoreCase("yes");
+            const auto path = child->getStringAttribute("file");
+            // A relative or empty path names no document: the map's load then finds nothing.
+            const auto file = juce::File::isAbsolutePath(path) ? juce::File(path) : juce::File();
+            (midi ? midiMapDefault : hostParameterMapDefault) = useAsDefault;
+            (midi ? midiMapFile : hostParameterMapFile) = file;
+        }
+
+        if (auto* quality = root->getChildByName("DefaultProcessingQuality"))
+            if (auto* presetXml = quality->getChildByName("Preset"))
+                readQualities(*presetXml, defaultRealtimeQualityIndex, defaultOfflineQualityIndex);
+
+        readExtraUserSettings(*root);
+    }
+
+    // Whether or not the file was read, a new instance starts with the user's default qualities.
+    if (qualityParameter != nullptr)
+    {
+        parameters->copyValue(realtimeQualityIndex, defaultRealtimeQualityIndex);
+        parameters->copyValue(offlineQualityIndex, defaultOfflineQualityIndex);
+    }
+    userSettingsRead();
+}
+
+void BasePlugin::writeUserSettings()
+{
+    juce::XmlElement root("UserSettings");
+    root.setAttribute("application", getCodeName());
+    root.createNewChildElement("Presets")->createNewChildElement("Author");
+
+    const auto addMap = [&root](const char* tag, bool useAsDefault, const juce::File& file) {
+        auto* map = root.createNewChildElement(tag);
+        map->setAttribute("default", useAsDefault ? "yes" : "no");
+        if (file != juce::File())
+            map->setAttribute("file", file.getFullPathName());
+    };
+    addMap("MidiControlMap", midiMapDefault, midiMapFile);
+    addMap("HostParametersMap", hostParameterMapDefault, hostParameterMapFile);
+
+    if (qualityParameter != nullptr)
+    {
+        Preset qualities;
+        qualities.addValue(parameters->getParameter(defaultRealtimeQualityIndex));
+        qualities.addValue(parameters->getParameter(defaultOfflineQualityIndex));
+        root.createNewChildElement("DefaultProcessingQuality")->addChildElement(qualities.createXml(*parameters, true).release());
+    }
+
+    writeExtraUserSettings(root);
+    // The last instance to close wins; a failed write is not reported (the next teardown tries again).
+    (void) root.writeTo(getUserSettingsFile());
+
+    if (wantsStateDump())
+        if (const auto state = createState())
+            (void) state->writeTo(getStateDumpFile());
 }
 
 void BasePlugin::updateLatency()
@@ -331,10 +497,19 @@ void BasePlugin::restoreParametersState(const juce::XmlElement& element)
 {
     Preset preset;
     preset.readXml(&element, *parameters, false);
-    loadingSlot.store(0);
-    applyPreset(&preset, 0, true);
+    loadPreset(&preset, 0);
+}
+
+void BasePlugin::loadPreset(const Preset* preset, int slot)
+{
+    if (preset == nullptr)
+        return;
+    // Applying the current preset itself is safe: the baseline is rewritten only after every
+    // value has been set.
+    loadingSlot.store(slot);
+    applyPreset(preset, slot, true);
     loadingSlot.store(-1);
-    afterPresetLoaded(0);
+    afterPresetLoaded(slot);
 }
 
 std::unique_ptr<juce::XmlElement> BasePlugin::createState()
@@ -366,19 +541,8 @@ void BasePlugin::setState(const juce::XmlElement& element)
         return;
 
     if (auto* quality = element.getChildByName("ProcessingQuality"))
-    {
         if (auto* presetXml = quality->getChildByName("Preset"))
-        {
-            Preset qualities;
-            qualities.readXml(presetXml, *parameters, false);
-            for (int i = 0; i < qualities.getNumValues(); ++i)
-            {
-                const auto& v = qualities.getValue(i);
-                if (v.index == realtimeQualityIndex || v.index == offlineQualityIndex)
-                    parameters->setText(v.index, v.value);
-            }
-        }
-    }
+            readQualities(*presetXml, realtimeQualityIndex, offlineQualityIndex);
 
     if (auto* state = element.getChildByName("ParametersState"))
         if (auto* presetXml = state->getChildByName("Preset"))
@@ -387,8 +551,10 @@ void BasePlugin::setState(const juce::XmlElement& element)
 
 void BasePlugin::writeStateToBlock(juce::MemoryBlock& block)
 {
-    // The formats this build ships (VST3, LV2, Standalone) always receive the full XML state; the
-    // one-byte block stands only for a state that could not be serialised.
+    // The formats this build ships (VST3, LV2, Standalone) always receive the full XML state, even
+    // before any state was given to the instance (the single zero byte for that case belongs to a
+    // format this build does not ship). The one-byte block stands only for a state that
+    // copyXmlToBinary could not serialise; it is never parsed when it comes back.
     block.reset();
     if (auto state = createState())
         juce::AudioProcessor::copyXmlToBinary(*state, block);

@@ -84,6 +84,15 @@ public:
     virtual juce::String getPackageFileExtension() { return "." + getCodeLetters().toLowerCase() + "zip"; }
     /** 0 for a parameter that belongs to a preset, else -1. */
     virtual int getSlotOfParameter(int index);
+    /** The folder of the user store's presets, or an empty file when presets are not supported. */
+    virtual juce::File getUserPresetsFolder();
+
+    // User settings: one XML file per user, read at start-up and written at teardown.
+    virtual juce::File getUserSettingsFile();
+    virtual bool isUserSettings(const juce::XmlElement& element);
+    virtual void readExtraUserSettings(const juce::XmlElement& element) { (void) element; }
+    virtual void writeExtraUserSettings(juce::XmlElement& element) { (void) element; }
+    virtual void userSettingsRead() {}
 
     // SoftwareDesignation answers shared by every product.
     juce::String getShortName() const override { return getCodeName(); }
@@ -98,9 +107,31 @@ public:
     /** Sets up preset slot 0 with its default and current preset, captures the parameter defaults
         and tells every listener (the new core included) every value once. */
     void finishInitialisation();
-    /** Raised by the processor's destructor before it deletes the plug-in; no change is sent to the
-        host after that. */
-    void beginTeardown() noexcept { closing = true; }
+    /** The processor's destructor, before it deletes the plug-in: writes the user settings, then
+        raises the closing flag (no change is sent to the host after that). */
+    void beginTeardown();
+    /** The processor's destructor, after the editor is gone. */
+    void editorDeleted() noexcept { editorGone = true; }
+
+    /** Reads the settings file into the map fields and the default qualities, then copies the
+        default qualities into the live ones. A missing, broken or foreign file is ignored. */
+    void readUserSettings();
+    /** Writes the settings file from the values of this moment; the write's result is ignored. */
+    void writeUserSettings();
+
+    // Folders: "AppData", "UserData", "UserStore" and, with presets, "UserPresets".
+    juce::File getDirectory(const juce::String& key) const;
+    const juce::File& getUserDirectory() const noexcept { return userDirectory; }
+    const juce::File& getDataDirectory() const noexcept { return dataDirectory; }
+    const juce::File& getPluginFile() const noexcept { return pluginFile; }
+
+    // The map choices the settings file keeps between instances.
+    bool isMidiMapDefault() const noexcept { return midiMapDefault; }
+    const juce::File& getMidiMapFile() const noexcept { return midiMapFile; }
+    /** Set from the MIDI options: use this file as the map of every new instance, or just remember it. */
+    void setMidiMapDefault(bool useAsDefault, const juce::File& file);
+    bool isHostParameterMapDefault() const noexcept { return hostParameterMapDefault; }
+    const juce::File& getHostParameterMapFile() const noexcept { return hostParameterMapFile; }
 
     // Audio entry points.
     void prepareToPlay(double sampleRate, int maximumBlockSize);
@@ -117,6 +148,11 @@ public:
     void readStateFromBlock(const void* data, int size);
     /** Sets a parameter back to the value its slot's current preset holds. */
     void revertParameter(int index);
+    /** A preset load: applies the preset to the slot with `loadingSlot` set around it, makes it the
+        slot's baseline and calls `afterPresetLoaded`. A null preset does nothing. */
+    void loadPreset(const Preset* preset, int slot);
+    void restoreDefaultPreset() { loadPreset(getDefaultPreset(0), 0); }
+    void restoreCurrentPreset() { loadPreset(getCurrentPreset(0), 0); }
 
     // The host's numbered list of parameters.
     int getNumParameters() { return getHostParameterCount(); }
@@ -161,11 +197,18 @@ private:
     void addInternalParameters();
     void addDebugParameters();
     void updateLatency();
+    void setUpDirectories();
+    /** Sets the qualities a saved preset element holds, of the two indices given, by their texts. */
+    void readQualities(const juce::XmlElement& presetElement, int firstIndex, int secondIndex);
+    juce::File getStateDumpFile() const;
 
     int stateReadCount = 0;
     int stateWriteCount = 0;
     std::atomic<int> nonRealtime { 0 };
     juce::File pluginFile;
+    juce::File userDirectory;
+    juce::File dataDirectory;
+    juce::HashMap<juce::String, juce::File> directories { 101 };
     std::unique_ptr<ParameterManager> parameters;
 
     juce::Array<Parameter*> hostParameters;
@@ -174,7 +217,11 @@ private:
     juce::CriticalSection hostIndicesLock;
     std::array<std::atomic<float>, maxHostParameters> hostValues {};
     std::array<std::atomic<int>, maxHostParameters> hostWriteGuards {};
+    juce::File hostParameterMapFile;
+    bool hostParameterMapDefault = false;
     int hostParameterCount = 128;
+    bool midiMapDefault = false;
+    juce::File midiMapFile;
 
     EventsMap events;
     std::array<PresetSlot, numPresetSlots> presetSlots;
@@ -189,6 +236,7 @@ private:
     int maximumBlockSize = 0;
     bool everPrepared = false;
     std::atomic<bool> closing { false };
+    bool editorGone = false;
 
     JUCE_DECLARE_NON_COPYABLE(BasePlugin)
 };

@@ -23,7 +23,10 @@ PluginAudioProcessor::PluginAudioProcessor()
 
 PluginAudioProcessor::~PluginAudioProcessor()
 {
+    // Settings first, while everything is still alive; then the editor; then the plug-in with its
+    // manager and parameters.
     plugin->beginTeardown();
+    plugin->editorDeleted();
     plugin.reset();
 }
 

@@ -154,7 +154,12 @@ TEST(PluginObject, ForeignOrBrokenChunksChangeNothing)
     const juce::MemoryBlock foreign = chunkFor(R"(<PluginState application="Other"><ParametersState><Preset><Parameters><param name="Feedback L/M" value="0.1"/></Parameters></Preset></ParametersState></PluginState>)");
     const juce::MemoryBlock wrongRoot = chunkFor(R"(<State application="Velmarin"/>)");
     const char garbage[] = "VC2!\x10\x00\x00\x00<PluginState";
+    juce::MemoryBlock noise(300);
+    juce::Random random(7);
+    random.fillBitsRandomly(noise.getData(), noise.getSize());
     const std::vector<std::pair<const void*, int>> chunks = {
+        { before.getData(), static_cast<int>(before.getSize() / 2) },
+        { noise.getData(), static_cast<int>(noise.getSize()) },
         { foreign.getData(), static_cast<int>(foreign.getSize()) },
         { wrongRoot.getData(), static_cast<int>(wrongRoot.getSize()) },
         { garbage, static_cast<int>(sizeof(garbage)) },

@@ -215,9 +215,41 @@ TEST_F(RenderTool, BenchReportsTheRealtimeFactor)
     EXPECT_TRUE(r.output.contains("realtime_factor="));
 }
 
+TEST_F(RenderTool, SavedPresetLoadsInTheNextRunAndSettingsStayInTheChosenFolder)
+{
+    const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("render-user", {}, false);
+    const auto preset = user.getChildFile("Wide.vmprs2");
+    const auto presetPath = preset.getFullPathName();
+    auto r = render({ "--seconds", "0", "--set", "Channels Crossfade=0.3", "--set", "Preset Name=Wide",
+                      "--save-preset", presetPath.toRawUTF8(), "--user-dir", user.getFullPathName().toRawUTF8() });
+    ASSERT_EQ(r.status, 0) << r.error;
+    EXPECT_TRUE(user.getChildFile("Velmarin.ini").existsAsFile()) << "teardown writes the settings into --user-dir";
+    const auto saved = juce::parseXML(preset);
+    ASSERT_NE(saved, nullptr);
+    EXPECT_EQ(saved->getStringAttribute("version"), "1.0");
+    EXPECT_EQ(saved->getChildByName("Parameters")->getNumChildElements(), 28);
+
+    r = render({ "--seconds", "0", "--set", "Feedback L/M=0.8", "--preset", presetPath.toRawUTF8(), "--print-params" });
+    ASSERT_EQ(r.status, 0) << r.error;
+    EXPECT_TRUE(r.output.contains("2\tChannels Crossfade\t0.3\t"));
+    EXPECT_TRUE(r.output.contains("14\tFeedback L/M\t0.8\t")) << "--set comes after the preset";
+    EXPECT_TRUE(r.output.contains("100000\tPreset Name\tWide\t")) << "a preset takes its file's name";
+
+    const auto notPreset = user.getChildFile("Other.vmprs2");
+    ASSERT_TRUE(notPreset.replaceWithText("<Patch/>"));
+    for (auto* bad : { "No Such Preset", notPreset.getFullPathName().toRawUTF8() })
+    {
+        r = render({ "--seconds", "0", "--preset", bad, "--out", outPath().toRawUTF8() });
+        EXPECT_EQ(r.status, 2);
+        EXPECT_FALSE(r.error.containsChar('\n'));
+        EXPECT_EQ(outFile.getFile().getSize(), 0) << "no output after a bad preset";
+    }
+    user.deleteRecursively();
+}
+
 TEST_F(RenderTool, OptionsOfLaterSubsystemsSayTheyAreNotAvailableYet)
 {
-    for (auto args : { std::vector<const char*> { "--preset", "Init" }, { "--midi-map", "x.vmccmap" }, { "--list-presets" } })
+    for (auto args : { std::vector<const char*> { "--midi-map", "x.vmccmap" }, { "--list-presets" } })
     {
         juce::StringArray list;
         for (auto* a : args)

@@ -4,6 +4,7 @@
 #include "Spectrogram.h"
 
 #include "plugin/BasePlugin.h"
+#include "plugin/FolderRule.h"
 #include "plugin/PluginAudioProcessor.h"
 #include "plugin/Velmarin.h"
 
@@ -56,6 +57,43 @@ bool readWholeFile(const juce::File& file, juce::MemoryBlock& data)
 {
     return file.existsAsFile() && file.loadFileAsData(data);
 }
+
+/** The folders of the plug-in this job starts: the ones given, and a private temporary user folder
+    when none was given, so that a run never rewrites a user's real settings. The folder rule goes
+    back to normal, and the temporary folder away, when the job ends. */
+class JobFolders
+{
+public:
+    JobFolders(const juce::File& userDir, const juce::File& dataDir)
+    {
+        auto user = userDir;
+        if (user == juce::File())
+        {
+            temporaryUser = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                                .getNonexistentChildFile("velmarin-render-user", {}, false);
+            temporaryUser.createDirectory();
+            user = temporaryUser;
+        }
+        FolderRule::setOverride(user, dataDir);
+    }
+
+    ~JobFolders()
+    {
+        FolderRule::setOverride({}, {});
+        if (temporaryUser != juce::File())
+            temporaryUser.deleteRecursively();
+    }
+
+private:
+    juce::File temporaryUser;
+};
+
+/** The file a --preset value names, or an empty file when it names none. */
+juce::File presetFileFor(const juce::String& value)
+{
+    const auto file = juce::File::getCurrentWorkingDirectory().getChildFile(value);
+    return file.existsAsFile() ? file : juce::File();
+}
 } // namespace
 
 RenderJob::RenderJob(RenderOptions o)
@@ -72,12 +110,8 @@ int RenderJob::fail(const juce::String& message)
 int RenderJob::run()
 {
     // Options whose subsystems this build does not have yet.
-    if (options.preset.isNotEmpty())
-        return fail("--preset is not available yet");
     if (options.midiMapFile != juce::File())
         return fail("--midi-map is not available yet");
-    if (options.savePreset != juce::File())
-        return fail("--save-preset is not available yet");
     if (options.listPresets)
         return fail("--list-presets is not available yet");
 
@@ -117,7 +151,21 @@ int RenderJob::run()
     if (options.stateIn != juce::File() && ! readWholeFile(options.stateIn, stateIn))
         return fail("cannot read state file " + options.stateIn.getFullPathName());
 
-    // 1. Start the plug-in exactly as a host would.
+    juce::File presetFile;
+    if (options.preset.isNotEmpty())
+    {
+        presetFile = presetFileFor(options.preset);
+        // Stored presets are found by name once the content stores exist; until then only files.
+        if (presetFile == juce::File())
+            return fail("no preset file or stored preset named '" + options.preset + "'");
+        juce::XmlDocument document(presetFile);
+        const auto root = document.getDocumentElement(true);
+        if (root == nullptr || ! root->getTagName().equalsIgnoreCase("Preset"))
+            return fail("cannot read preset file " + presetFile.getFullPathName() + ": not a preset document");
+    }
+
+    // 1. Start the plug-in exactly as a host would, in the chosen folders.
+    const JobFolders folders(options.userDir, options.dataDir);
     PluginAudioProcessor processor;
     auto& plugin = processor.getPlugin();
     auto& manager = plugin.getParameterManager();
@@ -125,6 +173,14 @@ int RenderJob::run()
     // 2. State.
     if (! stateIn.isEmpty())
         processor.setStateInformation(stateIn.getData(), static_cast<int>(stateIn.getSize()));
+
+    // 4. The preset, as a preset load of slot 0 does.
+    if (presetFile != juce::File())
+    {
+        Preset preset;
+        preset.loadFromFile(presetFile, manager, false);
+        plugin.loadPreset(&preset, 0);
+    }
 
     // 5. Parameters by name, through their text forms.
     for (const auto& [name, text] : options.sets)
@@ -218,6 +274,15 @@ int RenderJob::run()
         processor.getStateInformation(state);
         if (! options.stateOut.replaceWithData(state.getData(), state.getSize()))
             return fail("cannot write state file " + options.stateOut.getFullPathName());
+    }
+
+    if (options.savePreset != juce::File())
+    {
+        Preset preset;
+        plugin.storeToPreset(preset, 0);
+        preset.setVersion("1.0");
+        if (! preset.saveToFile(options.savePreset, manager))
+            return fail("cannot write preset file " + options.savePreset.getFullPathName());
     }
 
     if (options.printParams)
