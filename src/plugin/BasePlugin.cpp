@@ -1,6 +1,7 @@
 #include "BasePlugin.h"
 
 #include "../parameters/FloatParameter.h"
+#include "../parameters/PluginResources.h"
 #include "../parameters/StringParameter.h"
 #include "FolderRule.h"
 #include "PluginAudioProcessor.h"
@@ -17,7 +18,8 @@ constexpr int numDebugParameters = 12;
 } // namespace
 
 BasePlugin::BasePlugin(ParameterManager* manager)
-    : parameters(manager)
+    : parameters(manager),
+      midiMap(*manager)
 {
     sampleRateContext.set(44100.0);
     hostParameters.insertMultiple(0, nullptr, maxHostParameters);
@@ -144,7 +146,12 @@ void BasePlugin::initialise()
     parameters->addListenerToAll(this);
 
     readUserSettings();
-    // The MIDI control map and the host map files are loaded here once those maps exist.
+
+    midiMap.setName(getCodeName());
+    if (midiMapDefault)
+        midiMap.loadFromFile(midiMapFile);
+
+    loadHostMap();
 }
 
 void BasePlugin::finishInitialisation()
@@ -526,6 +533,7 @@ std::unique_ptr<juce::XmlElement> BasePlugin::createState()
     }
 
     root->createNewChildElement("ParametersState")->addChildElement(createParametersStateXml().release());
+    root->addChildElement(midiMap.createXml().release());
     return root;
 }
 
@@ -547,6 +555,10 @@ void BasePlugin::setState(const juce::XmlElement& element)
     if (auto* state = element.getChildByName("ParametersState"))
         if (auto* presetXml = state->getChildByName("Preset"))
             restoreParametersState(*presetXml);
+
+    // A project brings its own MIDI map; a chunk without one leaves the map as it was.
+    if (auto* map = element.getChildByName("MidiControlMap"))
+        midiMap.readXml(map);
 }
 
 void BasePlugin::writeStateToBlock(juce::MemoryBlock& block)
@@ -709,8 +721,11 @@ void BasePlugin::clearHostParameter(int hostIndex)
             return;
         hostParameters.set(hostIndex, nullptr);
     }
-    const juce::ScopedLock lock(hostIndicesLock);
-    hostIndices.remove(p->getIndex());
+    {
+        const juce::ScopedLock lock(hostIndicesLock);
+        hostIndices.remove(p->getIndex());
+    }
+    hostMapChanges.sendChangeMessage();
 }
 
 void BasePlugin::setHostParameter(int hostIndex, Parameter* p, bool tellHost)
@@ -740,8 +755,12 @@ void BasePlugin::setHostParameter(int hostIndex, Parameter* p, bool tellHost)
             hostIndices.remove(displaced->getIndex());
         hostIndices.set(p->getIndex(), hostIndex);
     }
-    if (tellHost && processor != nullptr)
-        processor->updateHostDisplay(juce::AudioProcessor::ChangeDetails().withParameterInfoChanged(true));
+    if (tellHost)
+    {
+        if (processor != nullptr)
+            processor->updateHostDisplay(juce::AudioProcessor::ChangeDetails().withParameterInfoChanged(true));
+        hostMapChanges.sendChangeMessage();
+    }
 }
 
 void BasePlugin::clearHostMap()
@@ -751,6 +770,55 @@ void BasePlugin::clearHostMap()
         hostParameters.clearQuick();
         hostParameters.insertMultiple(0, nullptr, maxHostParameters);
     }
-    const juce::ScopedLock lock(hostIndicesLock);
-    hostIndices.clear();
+    {
+        const juce::ScopedLock lock(hostIndicesLock);
+        hostIndices.clear();
+    }
+    hostMapChanges.sendChangeMessage();
+}
+
+bool BasePlugin::isHostMapFor(const juce::XmlElement* element)
+{
+    return element != nullptr && element->getTagName().equalsIgnoreCase("HostParametersMap")
+        && element->getStringAttribute("name").equalsIgnoreCase(getCodeName());
+}
+
+void BasePlugin::readHostMapXml(const juce::XmlElement& root)
+{
+    if (! isHostMapFor(&root))
+        return;
+    clearHostMap();
+    for (auto* child : root.getChildIterator())
+    {
+        if (! child->getTagName().equalsIgnoreCase("assign"))
+            continue;
+        // Host numbers count from 1: a missing or zero number is -1 and lands nowhere.
+        const int hostIndex = child->getIntAttribute("hostParam", 0) - 1;
+        setHostParameter(hostIndex, parameters->getParameter(child->getStringAttribute("pluginParam")), true);
+    }
+    hostMapChanges.sendChangeMessage();
+}
+
+bool BasePlugin::loadHostMapFile(const juce::File& file)
+{
+    if (! file.existsAsFile())
+        return false;
+    juce::XmlDocument document(file);
+    const auto root = document.getDocumentElement();
+    if (root == nullptr)
+        return false;
+    readHostMapXml(*root);
+    return true;
+}
+
+void BasePlugin::loadHostMap()
+{
+    if (hostParameterMapDefault)
+    {
+        loadHostMapFile(hostParameterMapFile);
+        return;
+    }
+    const auto text = PluginResources::getText("default." + getCodeLetters().toLowerCase() + "hpmap");
+    if (const auto root = juce::parseXML(text))
+        readHostMapXml(*root);
 }

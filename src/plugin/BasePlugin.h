@@ -11,6 +11,7 @@
 #include "../parameters/EnumParameter.h"
 #include "../parameters/EventsMap.h"
 #include "../parameters/ParameterManager.h"
+#include "MidiControlMap.h"
 #include "ProcessContext.h"
 #include "SoftwareDesignation.h"
 
@@ -174,7 +175,23 @@ public:
     int getHostIndex(int parameterIndex);
     void setHostParameter(int hostIndex, Parameter* parameter, bool tellHost);
     void clearHostParameter(int hostIndex);
+    /** Empties the host map (every index a placeholder) and tells the change listeners. */
     void clearHostMap();
+    /** A `HostParametersMap` document naming this plug-in (both ignoring case). */
+    bool isHostMapFor(const juce::XmlElement* element);
+    /** Replaces the host map from a document; a foreign document changes nothing. */
+    void readHostMapXml(const juce::XmlElement& root);
+    /** False when the file gives no document; the map then stays as it was. */
+    bool loadHostMapFile(const juce::File& file);
+    /** The map file of the settings when it is the default, else the built-in "default" map
+        resource when the product has one; otherwise the default map stands. */
+    void loadHostMap();
+    /** Told when the host map changes (message thread, asynchronously). */
+    juce::ChangeBroadcaster& getHostMapChanges() noexcept { return hostMapChanges; }
+
+    MidiControlMap& getMidiMap() noexcept { return midiMap; }
+    /** The file extension of MIDI control maps: "." + code letters in lower case + "ccmap". */
+    juce::String getMidiMapFileExtension() const { return "." + getCodeLetters().toLowerCase() + "ccmap"; }
 
     ParameterManager& getParameterManager() noexcept { return *parameters; }
     const SampleRateContext& getSampleRateContext() const noexcept { return sampleRateContext; }
@@ -220,8 +237,12 @@ private:
     juce::File hostParameterMapFile;
     bool hostParameterMapDefault = false;
     int hostParameterCount = 128;
+    juce::ChangeBroadcaster hostMapChanges;
+    MidiControlMap midiMap;
     bool midiMapDefault = false;
     juce::File midiMapFile;
+    /** The editor's MIDI lamp reads this; nothing in this product sets it, so the lamp stays dark. */
+    std::atomic<int> midiActivity { 0 };
 
     EventsMap events;
     std::array<PresetSlot, numPresetSlots> presetSlots;

@@ -105,7 +105,7 @@ void MarrowgateEffect::process(ProcessContext& context)
                 const auto message = midiQueue.current().getMessage();
                 midiQueue.consume();
                 if (message.isController())
-                    handleController(message.getChannel(), message.getControllerNumber(), message.getControllerValue());
+                    handleController(message);
             }
         }
         ++pendingSamples;

@@ -28,9 +28,9 @@ public:
     juce::CriticalSection& getCoreLock() noexcept { return coreLock; }
     float getHostTempo() const noexcept { return hostTempo.load(); }
 
-    /** A Control Change at its sample position in the block. The MIDI control map takes it from
-        here; a product without a map ignores it. Audio thread, between two runs. */
-    virtual void handleController(int channel, int controller, int value) { (void) channel, (void) controller, (void) value; }
+    /** A Control Change, on any channel, at its sample position in the block: the MIDI control map
+        takes it. Audio thread, between two runs. */
+    virtual void handleController(const juce::MidiMessage& message) { getMidiMap().handleController(message); }
 
 protected:
     /** The factory operation: a plain core that does nothing. */

@@ -19,10 +19,12 @@ PluginAudioProcessor::PluginAudioProcessor()
 
     // The last step of start-up: the latency the plug-in reports goes to the host.
     setLatencySamples(plugin->getLatency());
+    plugin->getHostMapChanges().addChangeListener(this);
 }
 
 PluginAudioProcessor::~PluginAudioProcessor()
 {
+    plugin->getHostMapChanges().removeChangeListener(this);
     // Settings first, while everything is still alive; then the editor; then the plug-in with its
     // manager and parameters.
     plugin->beginTeardown();
@@ -76,6 +78,11 @@ void PluginAudioProcessor::getStateInformation(juce::MemoryBlock& destData)
 void PluginAudioProcessor::setStateInformation(const void* data, int sizeInBytes)
 {
     plugin->readStateFromBlock(data, sizeInBytes);
+}
+
+void PluginAudioProcessor::changeListenerCallback(juce::ChangeBroadcaster*)
+{
+    updateHostDisplay(ChangeDetails().withParameterInfoChanged(true));
 }
 
 HostParameter* PluginAudioProcessor::getHostParameterObject(int hostIndex) const

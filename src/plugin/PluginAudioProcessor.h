@@ -9,7 +9,7 @@ class HostParameter;
     Velmarin), sequences its start-up and teardown, and forwards every audio, parameter and state
     call to it. The host sees the plug-in's host parameter list as HostParameter objects.
     Thread: as juce::AudioProcessor. */
-class PluginAudioProcessor : public juce::AudioProcessor
+class PluginAudioProcessor : public juce::AudioProcessor, private juce::ChangeListener
 {
 public:
     PluginAudioProcessor();
@@ -48,6 +48,8 @@ public:
     BasePlugin& getPlugin() noexcept { return *plugin; }
 
 private:
+    /** The host map changed: names, defaults and texts of host parameters are new to the host. */
+    void changeListenerCallback(juce::ChangeBroadcaster*) override;
     HostParameter* getHostParameterObject(int hostIndex) const;
 
     std::unique_ptr<BasePlugin> plugin;

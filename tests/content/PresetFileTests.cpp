@@ -165,7 +165,9 @@ TEST_F(PresetFile, HeaderOnlyAndBrokenFilesReadNoParameters)
     EXPECT_EQ(broken.getNumValues(), 1) << "a file that gives no element leaves the preset as it was";
     EXPECT_EQ(broken.getName(), "Broken");
 
-    juce::MemoryInputStream stream(good.loadFileAsString().toRawUTF8(), good.getSize(), false);
+    juce::MemoryBlock bytes;
+    ASSERT_TRUE(good.loadFileAsData(bytes));
+    juce::MemoryInputStream stream(bytes, false);
     const Preset packaged(stream, manager, false, "From Package");
     EXPECT_EQ(packaged.getName(), "From Package");
     EXPECT_EQ(valuesOf(packaged), "0=0.9");

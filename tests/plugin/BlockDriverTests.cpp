@@ -53,9 +53,9 @@ public:
     };
     std::vector<Controller> controllers;
 
-    void handleController(int, int controller, int value) override
+    void handleController(const juce::MidiMessage& message) override
     {
-        controllers.push_back({ static_cast<int>(runs.size()), controller, value });
+        controllers.push_back({ static_cast<int>(runs.size()), message.getControllerNumber(), message.getControllerValue() });
     }
 
 protected:

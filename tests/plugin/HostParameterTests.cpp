@@ -1,6 +1,7 @@
 // The 28 parameters the host sees, and how values travel between host and plug-in.
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
+#include "plugin/FolderRule.h"
 #include "plugin/PluginAudioProcessor.h"
 
 #include <gtest/gtest.h>
@@ -113,4 +114,63 @@ TEST_F(HostParameters, PlaceholderKeepsTheHostsValueAndShowsEightDecimals)
     EXPECT_EQ(plugin.getParameterName(27), "Parameter 28") << "a parameter holds one host place at a time";
     plugin.setHostParameter(5, &parameter(29), false);
     EXPECT_EQ(plugin.getParameterName(5), "Delay Offset Link") << "a parameter that is not automatable gets no place";
+}
+
+TEST_F(HostParameters, MapDocumentsMoveParametersAndFollowTheFailureRules)
+{
+    auto& plugin = processor.getPlugin();
+    struct Counter : juce::ChangeListener
+    {
+        int calls = 0;
+        void changeListenerCallback(juce::ChangeBroadcaster*) override { ++calls; }
+    } changes;
+    plugin.getHostMapChanges().addChangeListener(&changes);
+
+    plugin.readHostMapXml(*juce::parseXML(juce::String(R"(<HostParametersMap name="Other"><assign hostParam="1" pluginParam="Output Volume"/></HostParametersMap>)")));
+    EXPECT_EQ(plugin.getParameterName(0), "Preamp") << "a foreign map changes nothing";
+
+    plugin.readHostMapXml(*juce::parseXML(juce::String(R"(<hostparametersmap name="VELMARIN">
+        <assign hostParam="1" pluginParam="Output Volume"/>
+        <ASSIGN hostParam="2" pluginParam="Preamp"/>
+        <assign hostParam="3" pluginParam="Preamp"/>
+        <assign hostParam="4" pluginParam="Processing Quality"/>
+        <assign hostParam="5" pluginParam="No Such Knob"/>
+        <assign hostParam="0" pluginParam="FX Amount"/>
+        <assign pluginParam="Gain L/M"/>
+        <assign hostParam="29" pluginParam="Gain R/S"/>
+      </hostparametersmap>)")));
+    EXPECT_EQ(plugin.getParameterName(0), "Output Volume");
+    EXPECT_EQ(plugin.getParameterName(1), "Parameter 2") << "Preamp moved on to host parameter 3";
+    EXPECT_EQ(plugin.getParameterName(2), "Preamp");
+    EXPECT_EQ(plugin.getParameterName(3), "Parameter 4") << "not automatable: no place";
+    EXPECT_EQ(plugin.getParameterName(27), "Parameter 28") << "the map starts empty";
+    EXPECT_EQ(plugin.getHostIndex(26), -1);
+    EXPECT_EQ(plugin.getParameterDefaultValue(0), 0.5f) << "defaults follow the parameter";
+    EXPECT_EQ(hostParameter(0).getName(100), "Output Volume") << "the host's objects ask through the map";
+
+    parameter(27).setNormalized(0.25f, true);
+    ASSERT_FALSE(host.values.empty());
+    EXPECT_EQ(host.values.back(), (std::pair<int, float> { 0, 0.25f })) << "a change from inside goes to its new host index";
+
+    plugin.getHostMapChanges().dispatchPendingMessages();
+    EXPECT_GE(changes.calls, 1);
+    plugin.getHostMapChanges().removeChangeListener(&changes);
+}
+
+TEST(HostParameterMapSettings, TheSettingsMapFileReplacesTheDefaultMapAtStartUp)
+{
+    const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("host-settings", {}, false);
+    user.createDirectory();
+    FolderRule::setOverride(user, {});
+    const auto mapFile = user.getChildFile("mine.vmhpmap");
+    ASSERT_TRUE(mapFile.replaceWithText(R"(<HostParametersMap name="Velmarin"><assign hostParam="28" pluginParam="Preamp"/></HostParametersMap>)"));
+    ASSERT_TRUE(user.getChildFile("Velmarin.ini").replaceWithText(
+        R"(<UserSettings application="Velmarin"><HostParametersMap default="yes" file=")" + mapFile.getFullPathName() + R"("/></UserSettings>)"));
+    {
+        PluginAudioProcessor p;
+        EXPECT_EQ(p.getParameters()[27]->getName(100), "Preamp");
+        EXPECT_EQ(p.getParameters()[0]->getName(100), "Parameter 1");
+    }
+    FolderRule::setOverride({}, {});
+    user.deleteRecursively();
 }

@@ -3,6 +3,7 @@
 #include "RenderJob.h"
 
 #include <juce_audio_formats/juce_audio_formats.h>
+#include <juce_audio_processors/juce_audio_processors.h>
 
 #include "Spectrogram.h"
 
@@ -237,7 +238,8 @@ TEST_F(RenderTool, SavedPresetLoadsInTheNextRunAndSettingsStayInTheChosenFolder)
 
     const auto notPreset = user.getChildFile("Other.vmprs2");
     ASSERT_TRUE(notPreset.replaceWithText("<Patch/>"));
-    for (auto* bad : { "No Such Preset", notPreset.getFullPathName().toRawUTF8() })
+    const auto notPresetPath = notPreset.getFullPathName();
+    for (auto* bad : { "No Such Preset", notPresetPath.toRawUTF8() })
     {
         r = render({ "--seconds", "0", "--preset", bad, "--out", outPath().toRawUTF8() });
         EXPECT_EQ(r.status, 2);
@@ -247,17 +249,57 @@ TEST_F(RenderTool, SavedPresetLoadsInTheNextRunAndSettingsStayInTheChosenFolder)
     user.deleteRecursively();
 }
 
+TEST_F(RenderTool, MappedControllerActsFromItsSampleOnAtAnyBlockSizeAndTheMapIsSaved)
+{
+    juce::TemporaryFile map(".vmccmap");
+    ASSERT_TRUE(map.getFile().replaceWithText(R"(<MidiControlMap name="Velmarin"><assign CC="7" param="Output Volume"/></MidiControlMap>)"));
+    const auto mapPath = map.getFile().getFullPathName();
+
+    auto samples = [](const juce::File& file) {
+        auto reader = openWav(file);
+        juce::AudioBuffer<float> buffer(static_cast<int>(reader->numChannels), static_cast<int>(reader->lengthInSamples));
+        reader->read(&buffer, 0, buffer.getNumSamples(), 0, true, true);
+        return buffer;
+    };
+    ASSERT_EQ(render({ "--seconds", "0.1", "--out", outPath().toRawUTF8() }).status, 0);
+    const auto plain = samples(outFile.getFile());
+
+    juce::TemporaryFile state(".bin");
+    for (auto* block : { "64", "1000", "1001", "4096" })
+    {
+        juce::TemporaryFile moved(".wav");
+        const auto r = render({ "--seconds", "0.1", "--block", block, "--midi-map", mapPath.toRawUTF8(), "--cc", "1000:7:0",
+                                "--out", moved.getFile().getFullPathName().toRawUTF8(),
+                                "--state-out", state.getFile().getFullPathName().toRawUTF8() });
+        ASSERT_EQ(r.status, 0) << r.error;
+        const auto result = samples(moved.getFile());
+        int firstDifference = -1;
+        for (int i = 0; i < result.getNumSamples() && firstDifference < 0; ++i)
+            if (result.getSample(0, i) != plain.getSample(0, i) || result.getSample(1, i) != plain.getSample(1, i))
+                firstDifference = i;
+        EXPECT_EQ(firstDifference, 1000) << "block " << block;
+    }
+
+    juce::MemoryBlock chunk;
+    state.getFile().loadFileAsData(chunk);
+    const auto xml = juce::AudioProcessor::getXmlFromBinary(chunk.getData(), static_cast<int>(chunk.getSize()));
+    ASSERT_NE(xml, nullptr);
+    const auto* saved = xml->getChildByName("MidiControlMap");
+    ASSERT_NE(saved, nullptr);
+    EXPECT_EQ(saved->getChildElement(0)->getStringAttribute("param"), "Output Volume");
+
+    juce::TemporaryFile foreign(".vmccmap");
+    ASSERT_TRUE(foreign.getFile().replaceWithText(R"(<MidiControlMap name="Other"/>)"));
+    const auto bad = render({ "--seconds", "0", "--midi-map", foreign.getFile().getFullPathName().toRawUTF8() });
+    EXPECT_EQ(bad.status, 2);
+    EXPECT_TRUE(bad.error.contains("MIDI map"));
+}
+
 TEST_F(RenderTool, OptionsOfLaterSubsystemsSayTheyAreNotAvailableYet)
 {
-    for (auto args : { std::vector<const char*> { "--midi-map", "x.vmccmap" }, { "--list-presets" } })
-    {
-        juce::StringArray list;
-        for (auto* a : args)
-            list.add(a);
-        auto parsed = parseRenderOptions(list);
-        ASSERT_TRUE(parsed.ok());
-        RenderJob job(parsed.options);
-        EXPECT_EQ(job.run(), 2);
-        EXPECT_TRUE(job.error().contains("not available yet"));
-    }
+    auto parsed = parseRenderOptions(juce::StringArray { "--list-presets" });
+    ASSERT_TRUE(parsed.ok());
+    RenderJob job(parsed.options);
+    EXPECT_EQ(job.run(), 2);
+    EXPECT_TRUE(job.error().contains("not available yet"));
 }

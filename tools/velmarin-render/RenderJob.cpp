@@ -110,8 +110,6 @@ int RenderJob::fail(const juce::String& message)
 int RenderJob::run()
 {
     // Options whose subsystems this build does not have yet.
-    if (options.midiMapFile != juce::File())
-        return fail("--midi-map is not available yet");
     if (options.listPresets)
         return fail("--list-presets is not available yet");
 
@@ -173,6 +171,10 @@ int RenderJob::run()
     // 2. State.
     if (! stateIn.isEmpty())
         processor.setStateInformation(stateIn.getData(), static_cast<int>(stateIn.getSize()));
+
+    // 3. The MIDI control map.
+    if (options.midiMapFile != juce::File() && ! plugin.getMidiMap().loadFromFile(options.midiMapFile))
+        return fail("cannot read MIDI map file " + options.midiMapFile.getFullPathName() + ": not a Velmarin MIDI control map");
 
     // 4. The preset, as a preset load of slot 0 does.
     if (presetFile != juce::File())
