@@ -44,3 +44,72 @@ int ContentTags::add(const juce::String& category, const juce::String& tag)
         list.add(tag);
     return position;
 }
+
+void ContentTags::merge(const ContentTags& other)
+{
+    for (int i = 0; i < other.categories.size(); ++i)
+        for (const auto& tag : other.tags.getReference(i))
+            add(other.categories[i], tag);
+}
+
+bool ContentTags::contains(const juce::String& category, const juce::String& tag) const
+{
+    for (int i = 0; i < categories.size(); ++i)
+        if (categories[i] == category && tags.getReference(i).contains(tag))
+            return true;
+    return false;
+}
+
+void ContentTags::intersection(const ContentTags& other, ContentTags& out) const
+{
+    for (int i = 0; i < other.categories.size(); ++i)
+        for (const auto& tag : other.tags.getReference(i))
+            if (contains(other.categories[i], tag))
+                out.add(other.categories[i], tag);
+}
+
+void ContentTags::remove(int categoryPosition, const juce::String& tag)
+{
+    if (! juce::isPositiveAndBelow(categoryPosition, categories.size()))
+        return;
+    auto& list = tags.getReference(categoryPosition);
+    list.removeString(tag);
+    if (list.isEmpty())
+    {
+        categories.remove(categoryPosition);
+        tags.remove(categoryPosition);
+    }
+}
+
+ContentTags ContentTags::category(int position) const
+{
+    ContentTags result;
+    if (juce::isPositiveAndBelow(position, categories.size()))
+    {
+        result.categories.add(categories[position]);
+        result.tags.add(tags.getReference(position));
+    }
+    return result;
+}
+
+void ContentTags::sort(bool ignoreCase, bool reorder, const juce::StringArray& order)
+{
+    if (reorder)
+    {
+        const auto initial = categories;
+        for (const auto& name : initial)
+        {
+            const int current = categories.indexOf(name);
+            int target = order.indexOf(name, true);
+            if (target < 0 || target >= categories.size())
+                target = categories.size() - 1;
+            if (current != target)
+            {
+                categories.move(current, target);
+                tags.move(current, target);
+            }
+        }
+    }
+    for (auto& list : tags)
+        list.sort(ignoreCase);
+}

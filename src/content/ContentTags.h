@@ -22,8 +22,21 @@ public:
     /** Adds the category at the end if missing, and the tag at the end of the category if missing
         (exact comparison). An empty tag adds only the category. Returns the category's position. */
     int add(const juce::String& category, const juce::String& tag);
+    /** `add` for every tag of the other set, in order; a category without tags adds nothing. */
+    void merge(const ContentTags& other);
+    bool contains(const juce::String& category, const juce::String& tag) const;
+    /** Adds to `out` every tag of the other set that this set holds. */
+    void intersection(const ContentTags& other, ContentTags& out) const;
+    /** Removes a tag from the category at a position; a category left without tags goes too. */
+    void remove(int categoryPosition, const juce::String& tag);
+    /** This category alone with its tags, or an empty set for a position out of range. */
+    ContentTags category(int position) const;
+    /** With `reorder`, moves the categories named in `order` (compared ignoring case) to their
+        positions there and every other category to the end; then sorts each category's tags. */
+    void sort(bool ignoreCase, bool reorder, const juce::StringArray& order);
 
     bool isEmpty() const noexcept { return categories.isEmpty(); }
+    void clear() { categories.clear(); tags.clear(); }
     int getNumCategories() const noexcept { return categories.size(); }
     const juce::String& getCategoryName(int position) const { return categories.getReference(position); }
     const juce::StringArray& getTags(int position) const { return tags.getReference(position); }

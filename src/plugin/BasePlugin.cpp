@@ -173,14 +173,15 @@ void BasePlugin::finishInitialisation()
         storeToPreset(currentPreset, 0);
     }
 
-    // The preset change detector and the user store join here with the content stores; until
-    // then an instance has neither, which every preset operation allows.
+    if (supportsPresets())
+        changeDetector = std::make_unique<PresetChangeDetector>(presetSlots[0].ranges, *parameters);
 
     parameters->captureDefaults();
 
     loadingSlot.store(0);
     parameters->notifyAll();
     loadingSlot.store(-1);
+    resetChangeDetector(0);
 
     if (wantsStateDump())
     {
@@ -480,6 +481,21 @@ void BasePlugin::applyPreset(const Preset* preset, int slot, bool remember)
 
     if (remember)
         storeToPreset(currentPreset, slot);
+
+    if (auto* detector = getChangeDetector(slot))
+        detector->reset(getCurrentPreset(slot));
+}
+
+bool BasePlugin::isPresetChanged()
+{
+    auto* detector = getChangeDetector(0);
+    return detector != nullptr && detector->hasChanged();
+}
+
+void BasePlugin::resetChangeDetector(int slot)
+{
+    if (auto* detector = getChangeDetector(slot))
+        detector->reset(getCurrentPreset(slot));
 }
 
 void BasePlugin::revertParameter(int index)

@@ -7,6 +7,7 @@
 // the DSP core and the block driver; Velmarin answers the product's constants.
 
 #include "../content/Preset.h"
+#include "../content/PresetChangeDetector.h"
 #include "../engine/SampleRateContext.h"
 #include "../parameters/EnumParameter.h"
 #include "../parameters/EventsMap.h"
@@ -154,6 +155,11 @@ public:
     void loadPreset(const Preset* preset, int slot);
     void restoreDefaultPreset() { loadPreset(getDefaultPreset(0), 0); }
     void restoreCurrentPreset() { loadPreset(getCurrentPreset(0), 0); }
+    /** Whether the parameters moved away from the loaded preset; false without a detector. */
+    bool isPresetChanged();
+    /** Takes the present values as the slot's unchanged state. */
+    void resetChangeDetector(int slot);
+    virtual PresetChangeDetector* getChangeDetector(int slot) { (void) slot; return changeDetector.get(); }
 
     // The host's numbered list of parameters.
     int getNumParameters() { return getHostParameterCount(); }
@@ -258,6 +264,8 @@ private:
     bool everPrepared = false;
     std::atomic<bool> closing { false };
     bool editorGone = false;
+    // Declared last: it listens to parameters, so it goes before the manager does.
+    std::unique_ptr<PresetChangeDetector> changeDetector;
 
     JUCE_DECLARE_NON_COPYABLE(BasePlugin)
 };

@@ -1,5 +1,5 @@
 // The preset document: metadata written only where it was set, parameters by name, the old layout,
-// header-only reading, tags rewritten in place, and the tags' text form.
+// header-only reading, and tags rewritten in place.
 #include "content/ContentTags.h"
 #include "content/Preset.h"
 #include "parameters/ParameterManager.h"
@@ -42,30 +42,6 @@ protected:
     juce::File folder = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("presets", {}, false);
 };
 } // namespace
-
-TEST(ContentTagsText, EveryTokenAppendsACategoryWithoutMerging)
-{
-    const auto tags = ContentTags::fromText("Type:Chorus|Flanger;Modulation:Slow");
-    ASSERT_EQ(tags.getNumCategories(), 2);
-    EXPECT_EQ(tags.getCategoryName(0), "Type");
-    EXPECT_EQ(tags.getTags(0).joinIntoString(","), "Chorus,Flanger");
-    EXPECT_EQ(tags.toText(), "Type:Chorus|Flanger;Modulation:Slow");
-
-    const auto twice = ContentTags::fromText("Type:A;Type:B;Loose|Ends");
-    ASSERT_EQ(twice.getNumCategories(), 3) << "a category named twice stays twice";
-    EXPECT_EQ(twice.getCategoryName(1), "Type");
-    EXPECT_EQ(twice.getCategoryName(2), "") << "a token without a colon has an unnamed category";
-    EXPECT_EQ(twice.getTags(2).joinIntoString(","), "Loose,Ends");
-
-    EXPECT_TRUE(ContentTags::fromText("").isEmpty());
-    EXPECT_TRUE(ContentTags::fromText(";;").isEmpty());
-
-    ContentTags built;
-    EXPECT_EQ(built.add("Type", "Flanger"), 0);
-    EXPECT_EQ(built.add("Mod", "Slow"), 1);
-    EXPECT_EQ(built.add("Type", "Flanger"), 0);
-    EXPECT_EQ(built.toText(), "Type:Flanger;Mod:Slow");
-}
 
 TEST_F(PresetFile, MetadataSurvivesAndOnlyWhatWasSetIsWritten)
 {
