@@ -3,6 +3,7 @@
 #include "../parameters/FloatParameter.h"
 #include "../parameters/PluginResources.h"
 #include "../parameters/StringParameter.h"
+#include "../content/PresetsContent.h"
 #include "FolderRule.h"
 #include "PluginAudioProcessor.h"
 
@@ -174,7 +175,11 @@ void BasePlugin::finishInitialisation()
     }
 
     if (supportsPresets())
+    {
         changeDetector = std::make_unique<PresetChangeDetector>(presetSlots[0].ranges, *parameters);
+        userPresets = std::make_unique<PresetsDirectoryContent<Preset>>("User", *this, 0, getUserPresetsFolder(),
+                                                                         getPresetFileExtension());
+    }
 
     parameters->captureDefaults();
 

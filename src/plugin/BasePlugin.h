@@ -7,6 +7,7 @@
 // the DSP core and the block driver; Velmarin answers the product's constants.
 
 #include "../content/Preset.h"
+#include "../content/ContentSource.h"
 #include "../content/PresetChangeDetector.h"
 #include "../engine/SampleRateContext.h"
 #include "../parameters/EnumParameter.h"
@@ -155,6 +156,8 @@ public:
     void loadPreset(const Preset* preset, int slot);
     void restoreDefaultPreset() { loadPreset(getDefaultPreset(0), 0); }
     void restoreCurrentPreset() { loadPreset(getCurrentPreset(0), 0); }
+    /** The user's own store of presets ("User", on the "UserPresets" folder); null without presets. */
+    ContentSource* getUserStore() noexcept { return userPresets.get(); }
     /** Whether the parameters moved away from the loaded preset; false without a detector. */
     bool isPresetChanged();
     /** Takes the present values as the slot's unchanged state. */
@@ -264,7 +267,8 @@ private:
     bool everPrepared = false;
     std::atomic<bool> closing { false };
     bool editorGone = false;
-    // Declared last: it listens to parameters, so it goes before the manager does.
+    // Declared last: they hold parameters and the plug-in, so they go first.
+    std::unique_ptr<ContentSource> userPresets;
     std::unique_ptr<PresetChangeDetector> changeDetector;
 
     JUCE_DECLARE_NON_COPYABLE(BasePlugin)

@@ -3,6 +3,7 @@
 #include "DemoSignal.h"
 #include "Spectrogram.h"
 
+#include "content/FactoryScan.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
 #include "plugin/PluginAudioProcessor.h"
@@ -109,10 +110,6 @@ int RenderJob::fail(const juce::String& message)
 
 int RenderJob::run()
 {
-    // Options whose subsystems this build does not have yet.
-    if (options.listPresets)
-        return fail("--list-presets is not available yet");
-
     // The input, before the plug-in starts: bad input must not cost a start-up.
     juce::AudioBuffer<float> input;
     double rate = options.rate;
@@ -149,13 +146,11 @@ int RenderJob::run()
     if (options.stateIn != juce::File() && ! readWholeFile(options.stateIn, stateIn))
         return fail("cannot read state file " + options.stateIn.getFullPathName());
 
-    juce::File presetFile;
-    if (options.preset.isNotEmpty())
+    // A --preset that names an existing file must be a preset document; any other value is looked
+    // up by name in the content stores once the plug-in runs.
+    const auto presetFile = options.preset.isNotEmpty() ? presetFileFor(options.preset) : juce::File();
+    if (presetFile != juce::File())
     {
-        presetFile = presetFileFor(options.preset);
-        // Stored presets are found by name once the content stores exist; until then only files.
-        if (presetFile == juce::File())
-            return fail("no preset file or stored preset named '" + options.preset + "'");
         juce::XmlDocument document(presetFile);
         const auto root = document.getDocumentElement(true);
         if (root == nullptr || ! root->getTagName().equalsIgnoreCase("Preset"))
@@ -176,12 +171,30 @@ int RenderJob::run()
     if (options.midiMapFile != juce::File() && ! plugin.getMidiMap().loadFromFile(options.midiMapFile))
         return fail("cannot read MIDI map file " + options.midiMapFile.getFullPathName() + ": not a Velmarin MIDI control map");
 
-    // 4. The preset, as a preset load of slot 0 does.
+    // The content stores, as the browser lists them: factory packages first, then the user store.
+    TagRegistry registry;
+    juce::OwnedArray<ContentSource> packages;
+    juce::Array<ContentSource*> stores;
+    if (options.listPresets || (options.preset.isNotEmpty() && presetFile == juce::File()))
+        scanContentStores(plugin, registry, packages, stores);
+
+    // 4. The preset, as a preset load of slot 0 does: a file, or else a stored item of that name.
     if (presetFile != juce::File())
     {
         Preset preset;
         preset.loadFromFile(presetFile, manager, false);
         plugin.loadPreset(&preset, 0);
+    }
+    else if (options.preset.isNotEmpty())
+    {
+        ContentItem* item = nullptr;
+        for (auto* store : stores)
+            if (item == nullptr)
+                item = store->find(options.preset);
+        if (item == nullptr)
+            return fail("no preset file or stored preset named '" + options.preset + "'");
+        if (! item->source->openItem(item->name))
+            return fail("cannot read the stored preset '" + item->name + "' of the store " + item->source->getName());
     }
 
     // 5. Parameters by name, through their text forms.
@@ -286,6 +299,11 @@ int RenderJob::run()
         if (! preset.saveToFile(options.savePreset, manager))
             return fail("cannot write preset file " + options.savePreset.getFullPathName());
     }
+
+    if (options.listPresets)
+        for (auto* store : stores)
+            for (auto* item : store->getItems())
+                outputText << store->getName() << "\t" << item->name << "\t" << item->tags.toText() << "\n";
 
     if (options.printParams)
     {

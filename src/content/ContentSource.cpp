@@ -1,0 +1,157 @@
+#include "ContentSource.h"
+
+ContentSource::ContentSource(const juce::String& storeName)
+    : name(storeName)
+{
+}
+
+juce::File ContentSource::getItemFile(const juce::String&) const
+{
+    return {};
+}
+
+ContentItem* ContentSource::makeItem(const juce::String& itemName, TagRegistry* tagRegistry, const ContentTags& tags)
+{
+    juce::Array<int> ids;
+    if (tagRegistry != nullptr)
+        tagRegistry->toIds(tags, ids);
+    return new ContentItem(this, itemName, tags, ids);
+}
+
+ContentItem* ContentSource::find(const juce::String& itemName) const
+{
+    for (auto* item : items)
+        if (item->name.equalsIgnoreCase(itemName))
+            return item;
+    return nullptr;
+}
+
+juce::String ContentSource::uniqueName(const juce::String& itemName) const
+{
+    if (! contains(itemName))
+        return itemName;
+    for (int n = 1; n <= 1000; ++n)
+    {
+        const auto candidate = itemName + " (" + juce::String(n) + ")";
+        if (! contains(candidate))
+            return candidate;
+    }
+    const auto now = juce::Time::getCurrentTime();
+    const int hour = now.getHours() % 12 == 0 ? 12 : now.getHours() % 12;
+    const auto time = juce::String(hour) + ":" + juce::String(now.getMinutes()).paddedLeft('0', 2) + ":"
+                    + juce::String(now.getSeconds()).paddedLeft('0', 2) + (now.getHours() < 12 ? "am" : "pm");
+    return itemName + " - Copy (" + time + ")";
+}
+
+void ContentSource::registerTags(const ContentTags& tags)
+{
+    if (registry != nullptr)
+        registry->registerTags(tags);
+}
+
+ContentItem* ContentSource::addNew(const juce::String& itemName, const ContentTags& tags)
+{
+    if (contains(itemName) || ! createItem(itemName, tags))
+        return nullptr;
+    allTags.merge(tags);
+    registerTags(tags);
+    auto* item = items.add(makeItem(itemName, registry, tags));
+    notifyListeners();
+    return item;
+}
+
+ContentItem* ContentSource::importItem(juce::InputStream& stream, const juce::String& itemName)
+{
+    if (contains(itemName))
+        return nullptr;
+    const auto file = getItemFile(itemName);
+    if (file == juce::File() || file.existsAsFile())
+        return nullptr;
+
+    const auto text = stream.readEntireStreamAsString();
+    const juce::TemporaryFile temporary(file);
+    if (! temporary.getFile().replaceWithText(text, false, false, nullptr) || ! temporary.overwriteTargetFileWithTemporary())
+        return nullptr;
+
+    const auto tags = readItemTags(itemName);
+    allTags.merge(tags);
+    registerTags(tags);
+    auto* item = items.add(makeItem(itemName, registry, tags));
+    notifyListeners();
+    return item;
+}
+
+bool ContentSource::remove(ContentItem* item)
+{
+    if (item == nullptr || isReadOnly() || ! items.contains(item) || ! deleteStoredItem(item->name))
+        return false;
+    items.removeObject(item);
+    recomputeTags();
+    notifyListeners();
+    return true;
+}
+
+bool ContentSource::renameItem(ContentItem* item, const juce::String& newName)
+{
+    if (item == nullptr || isReadOnly() || item->name == newName || ! renameStoredItem(item->name, newName))
+        return false;
+    item->name = newName;
+    notifyListeners();
+    return true;
+}
+
+bool ContentSource::setItemTags(ContentItem* item, const ContentTags& tags)
+{
+    if (item == nullptr || isReadOnly() || ! writeItemTags(item->name, tags))
+        return false;
+    item->tags = tags;
+    item->tagIds.clearQuick();
+    registerTags(tags);
+    if (registry != nullptr)
+        registry->toIds(tags, item->tagIds);
+    recomputeTags();
+    notifyListeners();
+    return true;
+}
+
+void ContentSource::recomputeTags()
+{
+    allTags.clear();
+    for (auto* item : items)
+        allTags.merge(item->tags);
+    registerTags(allTags);
+}
+
+void ContentSource::reload()
+{
+    collectTags(allTags);
+    registerTags(allTags);
+    items.clear();
+    loadItems(items, registry);
+}
+
+void ContentSource::setEnabled(bool shouldBeEnabled)
+{
+    if (enabled == shouldBeEnabled)
+        return;
+    enabled = shouldBeEnabled;
+    if (enabled)
+        reload();
+    else
+        items.clear();
+    notifyListeners();
+}
+
+void ContentSource::attach(TagRegistry* tagRegistry)
+{
+    registry = tagRegistry;
+    if (enabled)
+        reload();
+    notifyListeners();
+}
+
+void ContentSource::notifyListeners()
+{
+    for (int i = listeners.size(); --i >= 0;)
+        listeners.getUnchecked(i)->contentChanged(*this);
+}

@@ -1,0 +1,26 @@
+#include "FactoryScan.h"
+
+#include "../plugin/BasePlugin.h"
+#include "PackageKey.h"
+#include "PresetsContent.h"
+
+void scanContentStores(BasePlugin& plugin, TagRegistry& registry, juce::OwnedArray<ContentSource>& packages,
+                       juce::Array<ContentSource*>& stores)
+{
+    const auto folder = plugin.getDirectory("AppData").getChildFile("Presets");
+    if (folder.isDirectory())
+    {
+        for (const auto& entry : juce::RangedDirectoryIterator(folder, false, "*Factory*.q41pkg", juce::File::findFiles))
+        {
+            auto* store = packages.add(new PresetsPackageContent<Preset>("Factory", plugin, 0, entry.getFile(),
+                                                                         plugin.getPresetFileExtension(), getProductPackageKey()));
+            store->attach(&registry);
+            stores.add(store);
+        }
+    }
+    if (auto* user = plugin.getUserStore())
+    {
+        user->attach(&registry);
+        stores.add(user);
+    }
+}
