@@ -4,6 +4,7 @@
 #include "../parameters/PluginResources.h"
 #include "../parameters/StringParameter.h"
 #include "../content/PresetsContent.h"
+#include "../engine/NonFiniteGuard.h"
 #include "FolderRule.h"
 #include "PluginAudioProcessor.h"
 
@@ -404,6 +405,9 @@ void BasePlugin::processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer
     context.numOutputChannels = processor != nullptr ? processor->getTotalNumOutputChannels() : buffer.getNumChannels();
     context.playHead = processor != nullptr ? processor->getPlayHead() : nullptr;
     context.bypassed = bypassed;
+
+    for (int ch = 0; ch < context.numInputChannels && ch < buffer.getNumChannels(); ++ch)
+        replaceNonFinite(buffer.getWritePointer(ch), buffer.getNumSamples());
 
     // Flush-to-zero and denormals-are-zero for exactly the length of the block: the whole denormal
     // policy of the signal path.

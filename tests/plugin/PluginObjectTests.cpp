@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
 namespace
 {
 juce::AudioProcessor::BusesLayout layout(int ins, int outs)
@@ -202,4 +205,37 @@ TEST(PluginObject, RevertParameterReturnsToTheCurrentPreset)
     setText(p, 29, "Ultra");
     p.getPlugin().revertParameter(29);
     EXPECT_EQ(text(p, 29), "Ultra") << "not a preset parameter";
+}
+
+TEST(PluginObject, NonFiniteInputIsSilencedBeforeTheEngineAndNeverPoisonsIt)
+{
+    // Two instances: one gets NaN and infinities in place of some samples, the other zeros there.
+    // Their outputs must be identical, and finite, during and long after the burst.
+    PluginAudioProcessor poisoned, clean;
+    for (auto* p : { &poisoned, &clean })
+        p->prepareToPlay(44100.0, 256);
+    const float bad[] = { std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
+                          -std::numeric_limits<float>::infinity() };
+    juce::Random random(11);
+    for (int block = 0; block < 40; ++block)
+    {
+        juce::AudioBuffer<float> a(2, 256), b(2, 256);
+        for (int ch = 0; ch < 2; ++ch)
+            for (int i = 0; i < 256; ++i)
+            {
+                const float x = random.nextFloat() * 2.0f - 1.0f;
+                const bool burst = block < 4 && (i % 5) == ch;
+                a.setSample(ch, i, burst ? bad[i % 3] : x * 1.0e6f * (block == 5 ? 1.0f : 1.0e-6f));
+                b.setSample(ch, i, burst ? 0.0f : a.getSample(ch, i));
+            }
+        juce::MidiBuffer midi;
+        poisoned.processBlock(a, midi);
+        clean.processBlock(b, midi);
+        for (int ch = 0; ch < 2; ++ch)
+            for (int i = 0; i < 256; ++i)
+            {
+                ASSERT_TRUE(std::isfinite(a.getSample(ch, i))) << block << " " << i;
+                ASSERT_EQ(a.getSample(ch, i), b.getSample(ch, i)) << block << " " << i;
+            }
+    }
 }

@@ -6,6 +6,7 @@
 #include <juce_audio_processors/juce_audio_processors.h>
 
 #include "Spectrogram.h"
+#include "content/ContentTags.h"
 
 #include <gtest/gtest.h>
 
@@ -295,11 +296,68 @@ TEST_F(RenderTool, MappedControllerActsFromItsSampleOnAtAnyBlockSizeAndTheMapIsS
     EXPECT_TRUE(bad.error.contains("MIDI map"));
 }
 
-TEST_F(RenderTool, OptionsOfLaterSubsystemsSayTheyAreNotAvailableYet)
+TEST_F(RenderTool, FactoryLibraryListsTaggedPresetsThatAllLoadAndSound)
 {
-    auto parsed = parseRenderOptions(juce::StringArray { "--list-presets" });
-    ASSERT_TRUE(parsed.ok());
-    RenderJob job(parsed.options);
-    EXPECT_EQ(job.run(), 2);
-    EXPECT_TRUE(job.error().contains("not available yet"));
+    const juce::File package(VELMARIN_FACTORY_PACKAGE);
+    ASSERT_TRUE(package.existsAsFile()) << "the build signs the factory package";
+    const auto folders = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("library", {}, false);
+    const auto data = folders.getChildFile("data");
+    const auto user = folders.getChildFile("user");
+    ASSERT_TRUE(data.getChildFile("Presets").createDirectory());
+    ASSERT_TRUE(package.copyFileTo(data.getChildFile("Presets/Velmarin Factory.q41pkg")));
+    ASSERT_TRUE(user.getChildFile("UserStore/Presets").createDirectory());
+    ASSERT_TRUE(user.getChildFile("UserStore/Presets/Mine.vmprs2").replaceWithText(R"(<Preset><Parameters/></Preset>)"));
+    const auto dataPath = data.getFullPathName();
+    const auto userPath = user.getFullPathName();
+
+    const auto listed = render({ "--seconds", "0", "--list-presets", "--user-dir", userPath.toRawUTF8(), "--data-dir", dataPath.toRawUTF8() });
+    ASSERT_EQ(listed.status, 0) << listed.error;
+    juce::StringArray factory;
+    ContentTags allTags;
+    for (const auto& line : juce::StringArray::fromLines(listed.output.trim()))
+    {
+        const auto fields = juce::StringArray::fromTokens(line, "\t", {});
+        if (fields[0] == "Factory")
+        {
+            factory.add(fields[1]);
+            allTags.merge(ContentTags::fromText(fields[2]));
+        }
+    }
+    EXPECT_GE(factory.size(), 40);
+    EXPECT_TRUE(listed.output.trim().endsWith("User\tMine\t")) << "the user store comes last";
+    for (auto* category : { "Type", "Modulation", "Spatialize" })
+    {
+        bool found = false;
+        for (int p = 0; p < allTags.getNumCategories(); ++p)
+            found = found || (allTags.getCategoryName(p) == category && allTags.getTags(p).size() >= 2);
+        EXPECT_TRUE(found) << category;
+    }
+
+    for (const auto& name : factory)
+    {
+        juce::TemporaryFile wav(".wav");
+        const auto r = render({ "--seconds", "1", "--preset", name.toLowerCase().toRawUTF8(), "--tempo", "120", "--playing",
+                                "--data-dir", dataPath.toRawUTF8(), "--out", wav.getFile().getFullPathName().toRawUTF8(),
+                                "--print-params" });
+        ASSERT_EQ(r.status, 0) << name << ": " << r.error;
+        EXPECT_TRUE(r.output.contains("100000\tPreset Name\t" + name + "\t")) << name;
+        auto reader = openWav(wav.getFile());
+        juce::AudioBuffer<float> out(static_cast<int>(reader->numChannels), static_cast<int>(reader->lengthInSamples));
+        reader->read(&out, 0, out.getNumSamples(), 0, true, true);
+        float peak = 0.0f;
+        bool finite = true;
+        for (int ch = 0; ch < out.getNumChannels(); ++ch)
+            for (int i = 0; i < out.getNumSamples(); ++i)
+            {
+                finite = finite && std::isfinite(out.getSample(ch, i));
+                peak = std::max(peak, std::abs(out.getSample(ch, i)));
+            }
+        EXPECT_TRUE(finite) << name;
+        EXPECT_GT(out.getRMSLevel(0, 0, out.getNumSamples()), 0.003f) << name << " is nearly silent";
+        EXPECT_LT(peak, 2.0f) << name << " runs away";
+    }
+
+    const auto unknown = render({ "--seconds", "0", "--preset", "No Such Sound", "--data-dir", dataPath.toRawUTF8() });
+    EXPECT_EQ(unknown.status, 2);
+    folders.deleteRecursively();
 }
