@@ -22,7 +22,7 @@ ctest --test-dir build --output-on-failure -j"$jobs"
 echo "== unit tests with AddressSanitizer and UndefinedBehaviorSanitizer"
 # The sanitized build signs with the plain build's package key instead of making its own.
 cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELMARIN_SANITIZE=ON \
-  -DVELMARIN_BUILD_PLUGIN=OFF -DVELMARIN_PACKAGE_KEY="$root/build/package-key/velmarin-package.key" >build-sanitize.configure.log 2>&1 \
+  -DVELMARIN_BUILD_PLUGIN=OFF -DVELMARIN_BUILD_BENCHMARKS=OFF -DVELMARIN_PACKAGE_KEY="$root/build/package-key/velmarin-package.key" >build-sanitize.configure.log 2>&1 \
   || { cat build-sanitize.configure.log; exit 1; }
 cmake --build build-sanitize -j"$jobs"
 ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <atomic>
+#include <cstdint>
 
 /** Velmarin's signal path: a bucket-brigade delay line that runs its own clock inside the host's
     samples, swept by two triangle LFOs, with preamp, M/S, crossfade, feedback through an
@@ -76,6 +77,19 @@ public:
     int getStageCount() const noexcept { return stageCount; }
     const SilenceGate& getGate() const noexcept { return gate; }
 
+    /** The tick loop in use. `fast` works four taps at a time and two ticks side by side; `plain`
+        is the straightforward scalar loop of the same arithmetic (one running sum), kept for the
+        benchmarks and the tests that hold the fast loop to it. Both give the same output within
+        float rounding; the product always runs `fast`. */
+    enum class TickLoop
+    {
+        fast,
+        plain
+    };
+    void setTickLoop(TickLoop loop) noexcept { tickLoop = loop; }
+    /** Ticks run since construction, both lines together: the unit of the engine's work. */
+    std::uint64_t getTicksRun() const noexcept { return ticksRun; }
+
     /** Clock frequency of the left (or mid) line in the last run's last running sample; 0 when the
         run was bypassed or the gate was shut throughout. */
     std::atomic<float> currentBbdFrequency { 0.0f };
@@ -99,6 +113,7 @@ private:
     double clockFrequency(double voltage) const noexcept;
     void condition(int channel, float& x) noexcept;
     void runTicks(int channel, double tickStep, int ringBase, int o) noexcept;
+    void runTicksPlain(int channel, double tickStep, int ringBase, int o) noexcept;
     float rawWet(int channel, int o) noexcept;
     float mix(int channel, float wet, float dry) const noexcept;
     void meter(int channel, float output) noexcept;
@@ -156,4 +171,7 @@ private:
     // Meters.
     std::array<double, 2> peakState {}, peakLast {};
     double peakDecay = 0.9999;
+
+    TickLoop tickLoop = TickLoop::fast;
+    std::uint64_t ticksRun = 0;
 };
