@@ -53,11 +53,7 @@ ContentItem* ContentSource::addNew(const juce::String& itemName, const ContentTa
 {
     if (contains(itemName) || ! createItem(itemName, tags))
         return nullptr;
-    allTags.merge(tags);
-    registerTags(tags);
-    auto* item = items.add(makeItem(itemName, registry, tags));
-    notifyListeners();
-    return item;
+    return appendItem(itemName, tags);
 }
 
 ContentItem* ContentSource::importItem(juce::InputStream& stream, const juce::String& itemName)
@@ -74,6 +70,11 @@ ContentItem* ContentSource::importItem(juce::InputStream& stream, const juce::St
         return nullptr;
 
     const auto tags = readItemTags(itemName);
+    return appendItem(itemName, tags);
+}
+
+ContentItem* ContentSource::appendItem(const juce::String& itemName, const ContentTags& tags)
+{
     allTags.merge(tags);
     registerTags(tags);
     auto* item = items.add(makeItem(itemName, registry, tags));

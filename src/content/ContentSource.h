@@ -81,6 +81,8 @@ protected:
     /** The union of the items' tags, registered again. */
     void recomputeTags();
     void registerTags(const ContentTags& tags);
+    /** A newly stored item joins the list, its tags the union and the registry. */
+    ContentItem* appendItem(const juce::String& itemName, const ContentTags& tags);
 
 private:
     juce::String name;

@@ -40,14 +40,14 @@ inline void writeTriple(std::array<float, 384>& ring, int index, float value) no
 
 struct QualityLevel
 {
-    int taps, vectors, offset;
+    int taps, offset; // taps are a multiple of 4: the tick loop works four at a time
 };
 
 constexpr std::array<QualityLevel, 4> qualityLevels { {
-    { 4, 1, 6 },    // "Draft"
-    { 8, 2, 4 },    // "Normal"
-    { 16, 4, 0 },   // "High"
-    { 32, 8, -8 },  // "Ultra"
+    { 4, 6 },    // "Draft"
+    { 8, 4 },    // "Normal"
+    { 16, 0 },   // "High"
+    { 32, -8 },  // "Ultra"
 } };
 } // namespace
 
@@ -180,7 +180,6 @@ void VelmarinCore::applyQuality(int index)
 {
     const int level = index >= 0 && index < 4 ? index : 2;
     tapCount = qualityLevels[static_cast<size_t>(level)].taps;
-    tapVectors = qualityLevels[static_cast<size_t>(level)].vectors;
     tapOffset = qualityLevels[static_cast<size_t>(level)].offset;
     currentTable = sincTables[static_cast<size_t>(level)].polyphase.get();
 }
@@ -507,6 +506,14 @@ void VelmarinCore::runTicks(int channel, double tickStep, int ringBase, int o) n
         stepHigh = _mm_add_ps(stepHigh, _mm_mul_ps(jump, _mm_loadu_ps(step + 4)));
     };
 
+    // Where a tick at a given phase reads: the sinc table's row for its fraction, and the ring.
+    const auto locate = [&](double tickTime, const float*& row, const float*& taps) noexcept {
+        const double t = tickTime + readDelayFraction;
+        const auto whole = static_cast<int>(t);
+        row = currentTable + static_cast<int>((t - whole) * 1024.0) * tapCount;
+        taps = ring + firstTap + whole;
+    };
+
     // The input ring does not change within a sample, so the sinc sums of two ticks are independent:
     // they run side by side, which hides the adds' latency. Each tick keeps its own four running
     // sums, exactly as one tick alone would.
@@ -515,15 +522,9 @@ void VelmarinCore::runTicks(int channel, double tickStep, int ringBase, int o) n
         const double nextPhase = phase + tickStep;
         const bool pair = nextPhase < 1.0;
 
-        const double tA = phase + readDelayFraction;
-        const auto wholeA = static_cast<int>(tA);
-        const float* rowA = currentTable + static_cast<int>((tA - wholeA) * 1024.0) * tapCount;
-        const float* tapsA = ring + firstTap + wholeA;
-
-        const double tB = (pair ? nextPhase : phase) + readDelayFraction;
-        const auto wholeB = static_cast<int>(tB);
-        const float* rowB = currentTable + static_cast<int>((tB - wholeB) * 1024.0) * tapCount;
-        const float* tapsB = ring + firstTap + wholeB;
+        const float *rowA, *tapsA, *rowB, *tapsB;
+        locate(phase, rowA, tapsA);
+        locate(pair ? nextPhase : phase, rowB, tapsB);
 
         __m128 sumA = _mm_setzero_ps();
         __m128 sumB = _mm_setzero_ps();

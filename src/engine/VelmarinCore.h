@@ -155,7 +155,7 @@ private:
     StepTable stepTable {};
     std::array<SincTable, 4> sincTables;
     const float* currentTable = nullptr;
-    int tapCount = 4, tapVectors = 1, tapOffset = 0;
+    int tapCount = 4, tapOffset = 0;
     int readDelayWhole = 1;
     double readDelayFraction = 1.0;
 
