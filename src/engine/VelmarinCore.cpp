@@ -2,6 +2,8 @@
 
 #include "../parameters/Parameter.h"
 
+#include "TickRunner.h"
+
 #include <emmintrin.h>
 
 #include <algorithm>
@@ -457,16 +459,6 @@ void VelmarinCore::condition(int channel, float& x) noexcept
     x = h + z * 0.9639f;
 }
 
-namespace
-{
-/** (s0 + s1) + (s2 + s3) of the four lanes, in that order. */
-inline float sumLanes(__m128 s) noexcept
-{
-    const __m128 pairs = _mm_add_ps(s, _mm_shuffle_ps(s, s, _MM_SHUFFLE(2, 3, 0, 1)));  // s0+s1, _, s2+s3, _
-    return _mm_cvtss_f32(_mm_add_ss(pairs, _mm_movehl_ps(pairs, pairs)));
-}
-} // namespace
-
 void VelmarinCore::runTicks(int channel, double tickStep, int ringBase, int o) noexcept
 {
     if (tickLoop == TickLoop::plain)
@@ -475,85 +467,61 @@ void VelmarinCore::runTicks(int channel, double tickStep, int ringBase, int o) n
         return;
     }
 
+    // Short rows leave little to overlap: two ticks side by side are enough. Long rows take four,
+    // so that four chains of adds hide each other's latency.
+    switch (tapCount)
+    {
+        case 4: runTicksFast<4, 2>(channel, tickStep, ringBase, o); break;
+        case 8: runTicksFast<8, 2>(channel, tickStep, ringBase, o); break;
+        case 16: runTicksFast<16, 8>(channel, tickStep, ringBase, o); break;
+        default: runTicksFast<32, 8>(channel, tickStep, ringBase, o); break;
+    }
+}
+
+template <int taps, int group>
+void VelmarinCore::runTicksFast(int channel, double tickStep, int ringBase, int o) noexcept
+{
     const auto c = static_cast<size_t>(channel);
-    const float* ring = inputRing[c].data();
-    double* stages = line[c].data();
     float* steps = stepRing[c].data();
+    TickRunner<taps> runner { currentTable,
+                              inputRing[c].data() + tapOffset - readDelayWhole - 17 + ringBase,
+                              readDelayFraction,
+                              stepTable,
+                              line[c].data(),
+                              stageCount,
+                              lineIndex[c],
+                              lastOutput[c],
+                              lastDelta[c],
+                              _mm_loadu_ps(steps + o + 64),
+                              _mm_loadu_ps(steps + o + 68) };
+
+    // The phases of the next ticks come from the same running sum the ticks advance by, so a
+    // group's ticks sit exactly where ticks run one by one would.
+    double phases[group];
     double phase = tickPhase[c];
-    int index = lineIndex[c];
-    double last = lastOutput[c];
-    double delta = lastDelta[c];
-    const int firstTap = tapOffset - readDelayWhole - 17 + ringBase;
-    std::uint64_t ticks = 0;
-
-    // The eight step sums this sample's ticks add into stay in registers until the last tick.
-    __m128 stepLow = _mm_loadu_ps(steps + o + 64);
-    __m128 stepHigh = _mm_loadu_ps(steps + o + 68);
-
-    // One tick's move through the line: push the new sample, take out the oldest stage, and add the
-    // staircase's jump as a band-limited step starting at the tick's time (eight multiply-adds, four
-    // lanes at a time; each lane is one sum, so the result is the scalar one).
-    const auto push = [&](float v, double tickTime) noexcept {
-        stages[index] = static_cast<double>(v);
-        if (++index == stageCount)
-            index = 0;
-        const double u = stages[index];
-        delta = u - last;
-        last = u;
-        const float* step = stepTable[static_cast<size_t>(static_cast<int>(tickTime * 512.0))].data();
-        const __m128 jump = _mm_set1_ps(static_cast<float>(delta));
-        stepLow = _mm_add_ps(stepLow, _mm_mul_ps(jump, _mm_loadu_ps(step)));
-        stepHigh = _mm_add_ps(stepHigh, _mm_mul_ps(jump, _mm_loadu_ps(step + 4)));
-    };
-
-    // Where a tick at a given phase reads: the sinc table's row for its fraction, and the ring.
-    const auto locate = [&](double tickTime, const float*& row, const float*& taps) noexcept {
-        const double t = tickTime + readDelayFraction;
-        const auto whole = static_cast<int>(t);
-        row = currentTable + static_cast<int>((t - whole) * 1024.0) * tapCount;
-        taps = ring + firstTap + whole;
-    };
-
-    // The input ring does not change within a sample, so the sinc sums of two ticks are independent:
-    // they run side by side, which hides the adds' latency. Each tick keeps its own four running
-    // sums, exactly as one tick alone would.
     while (phase < 1.0)
     {
-        const double nextPhase = phase + tickStep;
-        const bool pair = nextPhase < 1.0;
-
-        const float *rowA, *tapsA, *rowB, *tapsB;
-        locate(phase, rowA, tapsA);
-        locate(pair ? nextPhase : phase, rowB, tapsB);
-
-        __m128 sumA = _mm_setzero_ps();
-        __m128 sumB = _mm_setzero_ps();
-        for (int k = 0; k < tapCount; k += 4)
+        phases[0] = phase;
+        int n = 1;
+        phase += tickStep;
+        while (n < group && phase < 1.0)
         {
-            sumA = _mm_add_ps(sumA, _mm_mul_ps(_mm_loadu_ps(rowA + k), _mm_loadu_ps(tapsA + k)));
-            sumB = _mm_add_ps(sumB, _mm_mul_ps(_mm_loadu_ps(rowB + k), _mm_loadu_ps(tapsB + k)));
-        }
-
-        push(sumLanes(sumA), phase);
-        ++ticks;
-        phase = nextPhase;
-        if (pair)
-        {
-            push(sumLanes(sumB), phase);
-            ++ticks;
+            phases[n++] = phase;
             phase += tickStep;
         }
+
+        runner.template runUpTo<group>(n, phases);
     }
 
-    _mm_storeu_ps(steps + o + 64, stepLow);
-    _mm_storeu_ps(steps + o + 68, stepHigh);
-    _mm_storeu_ps(steps + o, stepLow);
-    _mm_storeu_ps(steps + o + 4, stepHigh);
+    _mm_storeu_ps(steps + o + 64, runner.stepLow);
+    _mm_storeu_ps(steps + o + 68, runner.stepHigh);
+    _mm_storeu_ps(steps + o, runner.stepLow);
+    _mm_storeu_ps(steps + o + 4, runner.stepHigh);
     tickPhase[c] = phase;
-    lineIndex[c] = index;
-    lastOutput[c] = last;
-    lastDelta[c] = delta;
-    ticksRun += ticks;
+    lineIndex[c] = runner.index;
+    lastOutput[c] = runner.last;
+    lastDelta[c] = runner.delta;
+    ticksRun += runner.ticks;
 }
 
 void VelmarinCore::runTicksPlain(int channel, double tickStep, int ringBase, int o) noexcept

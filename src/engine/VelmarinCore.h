@@ -77,7 +77,7 @@ public:
     int getStageCount() const noexcept { return stageCount; }
     const SilenceGate& getGate() const noexcept { return gate; }
 
-    /** The tick loop in use. `fast` works four taps at a time and two ticks side by side; `plain`
+    /** The tick loop in use. `fast` works four taps at a time and two or four ticks side by side; `plain`
         is the straightforward scalar loop of the same arithmetic (one running sum), kept for the
         benchmarks and the tests that hold the fast loop to it. Both give the same output within
         float rounding; the product always runs `fast`. */
@@ -113,6 +113,8 @@ private:
     double clockFrequency(double voltage) const noexcept;
     void condition(int channel, float& x) noexcept;
     void runTicks(int channel, double tickStep, int ringBase, int o) noexcept;
+    template <int taps, int group>
+    void runTicksFast(int channel, double tickStep, int ringBase, int o) noexcept;
     void runTicksPlain(int channel, double tickStep, int ringBase, int o) noexcept;
     float rawWet(int channel, int o) noexcept;
     float mix(int channel, float wet, float dry) const noexcept;
