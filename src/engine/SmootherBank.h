@@ -16,6 +16,16 @@ struct SmootherBank
             current[static_cast<size_t>(i)] -= (current[static_cast<size_t>(i)] - target[static_cast<size_t>(i)]) * coefficient;
     }
 
+    /** True when a step would change no entry: the bank has come to rest, and stays there until a
+        target or the coefficient changes. */
+    bool isAtRest() const noexcept
+    {
+        for (size_t i = 0; i < 4; ++i)
+            if (current[i] - (current[i] - target[i]) * coefficient != current[i])
+                return false;
+        return true;
+    }
+
     /** Jumps every entry to its target. */
     void settle() noexcept { current = target; }
 

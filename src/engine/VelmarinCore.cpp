@@ -619,6 +619,46 @@ void VelmarinCore::endRun(float frequency, bool mono) noexcept
 }
 
 template <bool stereo>
+void VelmarinCore::stepLfos() noexcept
+{
+    float lfoOut = 0.0f;
+    lfoLeft.next(lfoOut);
+    float x = (lfoOut + 1.0f) * 0.5f;
+    lfoSmoothedLeft = x - (x - lfoSmoothedLeft) * lfoSmoothCoefficient;
+    if constexpr (stereo)
+    {
+        lfoRight.next(lfoOut);
+        x = (lfoOut + 1.0f) * 0.5f;
+        lfoSmoothedRight = x - (x - lfoSmoothedRight) * lfoSmoothCoefficient;
+    }
+}
+
+int VelmarinCore::runShut(const float* inLeft, const float* inRight, float* outLeft, float* outRight, int n,
+                          int numSamples) noexcept
+{
+    // With both channels shut, a sample does only what keeps the modulation, the gate and the meters
+    // moving as a running sample would: the line, the filters and the mix stand still and the output
+    // is silence. Smoothers that have come to rest stay where they are, so they are not stepped.
+    const bool smoothersAtRest = bank1.isAtRest() && bank2.isAtRest() && bank3.isAtRest() && bank4.isAtRest();
+    for (; n < numSamples; ++n)
+    {
+        if (std::abs(inLeft[n]) > SilenceGate::armThreshold || std::abs(inRight[n]) > SilenceGate::armThreshold)
+            break;
+        if (! smoothersAtRest)
+            stepSmoothers();
+        stepLfos<true>();
+        gate.idle(0);
+        gate.idle(1);
+        outLeft[n] = 0.0f;
+        outRight[n] = 0.0f;
+        meter(0, 0.0f);
+        meter(1, 0.0f);
+        advanceRings();
+    }
+    return n;
+}
+
+template <bool stereo>
 void VelmarinCore::run(const float* inLeft, const float* inRight, float* outLeft, float* outRight, int numSamples)
 {
     const double sampleRate = rateContext().sampleRate;
@@ -626,6 +666,16 @@ void VelmarinCore::run(const float* inLeft, const float* inRight, float* outLeft
 
     for (int n = 0; n < numSamples; ++n)
     {
+        if constexpr (stereo)
+        {
+            if (gate.isShut())
+            {
+                n = runShut(inLeft, inRight, outLeft, outRight, n, numSamples);
+                if (n == numSamples)
+                    break;
+            }
+        }
+
         // Both inputs are read before any output is written: the outputs may be the inputs.
         float left = inLeft[n];
         float right = stereo ? inRight[n] : 0.0f;
@@ -636,17 +686,7 @@ void VelmarinCore::run(const float* inLeft, const float* inRight, float* outLeft
             gate.arm(1, right);
 
         stepSmoothers();
-
-        float lfoOut = 0.0f;
-        lfoLeft.next(lfoOut);
-        float x = (lfoOut + 1.0f) * 0.5f;
-        lfoSmoothedLeft = x - (x - lfoSmoothedLeft) * lfoSmoothCoefficient;
-        if constexpr (stereo)
-        {
-            lfoRight.next(lfoOut);
-            x = (lfoOut + 1.0f) * 0.5f;
-            lfoSmoothedRight = x - (x - lfoSmoothedRight) * lfoSmoothCoefficient;
-        }
+        stepLfos<stereo>();
 
         const double voltageLeft = (bank1.current[2] + bank2.current[0] * lfoSmoothedLeft) * 16.0 + 0.6610000133514404;
         const double voltageRight = (bank1.current[3] + bank2.current[1] * lfoSmoothedRight) * 16.0 + 0.6610000133514404;

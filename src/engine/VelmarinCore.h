@@ -123,6 +123,12 @@ private:
     void endRun(float frequency, bool mono) noexcept;
 
     template <bool stereo>
+    void stepLfos() noexcept;
+    /** Runs stereo samples from n on while both gate channels are shut; returns the first sample
+        whose input opens the gate, or numSamples. */
+    int runShut(const float* inLeft, const float* inRight, float* outLeft, float* outRight, int n,
+                int numSamples) noexcept;
+    template <bool stereo>
     void run(const float* inLeft, const float* inRight, float* outLeft, float* outRight, int numSamples);
     template <bool stereo>
     void runBypassed(const float* inLeft, const float* inRight, float* outLeft, float* outRight, int numSamples);

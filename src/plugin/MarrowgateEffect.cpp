@@ -93,22 +93,31 @@ void MarrowgateEffect::process(ProcessContext& context)
 
     midiQueue.append(*context.midi);
 
+    // The samples up to each event's position run as one stretch; the events at a position apply
+    // before that sample. An event the block has already passed, or one beyond its end, waits for a
+    // later block.
     pendingSamples = 0;
-    for (int p = 0; p < numSamples; ++p)
+    int p = 0;
+    while (p < numSamples)
     {
         int position = 0;
-        if (midiQueue.peek(position) && position == p)
+        if (! midiQueue.peek(position) || position < p || position >= numSamples)
         {
-            flushRun(context.bypassed);
-            while (midiQueue.peek(position) && position == p)
-            {
-                const auto message = midiQueue.current().getMessage();
-                midiQueue.consume();
-                if (message.isController())
-                    handleController(message);
-            }
+            pendingSamples += numSamples - p;
+            break;
+        }
+        pendingSamples += position - p;
+        p = position;
+        flushRun(context.bypassed);
+        while (midiQueue.peek(position) && position == p)
+        {
+            const auto message = midiQueue.current().getMessage();
+            midiQueue.consume();
+            if (message.isController())
+                handleController(message);
         }
         ++pendingSamples;
+        ++p;
     }
     flushRun(context.bypassed);
 
