@@ -12,7 +12,25 @@
 
 #include <malloc.h>
 
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
 #include <map>
+
+/** Every heap allocation made through operator new in this program, counted. */
+std::atomic<std::uint64_t> allocationCount { 0 };
+
+void* operator new(std::size_t size)
+{
+    allocationCount.fetch_add(1, std::memory_order_relaxed);
+    if (void* p = std::malloc(size == 0 ? 1 : size))
+        return p;
+    throw std::bad_alloc();
+}
+
+void operator delete(void* p) noexcept { std::free(p); }
+void operator delete(void* p, std::size_t) noexcept { std::free(p); }
 
 namespace
 {
@@ -145,18 +163,25 @@ void BM_Construction(benchmark::State& state)
 }
 BENCHMARK(BM_Construction)->Unit(benchmark::kMillisecond);
 
-/** A parameter change that rebuilds engine state, as the GUI or automation would make it. */
+/** A parameter change that rebuilds engine state, as the GUI or automation would make it, and the
+    heap allocations it makes (there should be none). */
 void BM_Change(benchmark::State& state)
 {
     Instance instance(defaults, 1, 48000.0, true, false);
     auto* p = instance.processor.getPlugin().getParameterManager().getParameter(juce::String(state.range(0) == 0 ? "Processing Quality" : "BBD Length"));
-    const juce::String a = state.range(0) == 0 ? "Draft" : "16", b = state.range(0) == 0 ? "Ultra" : "512";
+    p->setText(state.range(0) == 0 ? "Draft" : "16", true);
+    const int a = p->getInt();
+    p->setText(state.range(0) == 0 ? "Ultra" : "512", true);
+    const int b = p->getInt();
     bool flip = false;
+    const auto allocationsBefore = allocationCount.load();
     for (auto _ : state)
     {
-        p->setText((flip = ! flip) ? a : b, true);
+        p->setInt((flip = ! flip) ? a : b, true);
         benchmark::ClobberMemory();
     }
+    state.counters["allocations"] = benchmark::Counter(static_cast<double>(allocationCount.load() - allocationsBefore),
+                                                       benchmark::Counter::kAvgIterations);
 }
 BENCHMARK(BM_Change)->Arg(0)->Arg(1)->ArgName("length")->Unit(benchmark::kMicrosecond);
 

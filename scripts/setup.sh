@@ -2,6 +2,7 @@
 # Installs the Debian packages that building, testing and the tools need.
 # Idempotent: packages already present are skipped, so a second run takes a second.
 # Run as root (it calls apt-get); as another user it names what is missing and exits 2.
+# `setup.sh --peers` also installs the LV2 flangers the peer benchmark (bench/peers.sh) times.
 set -euo pipefail
 
 packages=(
@@ -19,6 +20,9 @@ packages=(
   lilv-utils xvfb xauth ladspa-sdk
   fonts-dejavu-core
 )
+if [ "${1:-}" = "--peers" ]; then
+  packages+=(calf-plugins swh-lv2)
+fi
 
 missing=()
 for p in "${packages[@]}"; do
