@@ -230,12 +230,27 @@ TEST(CoreRun, MonoRunIgnoresStereoControlsAndNeverShuts)
 
 TEST(CoreRun, ResultDoesNotDependOnHowTheBlockIsCut)
 {
-    const auto input = testSignal(5000);
-    CoreRig whole, pieces;
-    const auto a = whole.runStereo(input, 5000);
+    // Signal, a gap long enough to shut the gate, then the left channel alone: with the crossfade the
+    // right output carries the left signal through a channel whose gate is still shut and fading.
+    auto input = testSignal(5000);
+    const auto gap = silence(36000);
+    const auto tail = testSignal(6000);
+    input.left.insert(input.left.end(), gap.left.begin(), gap.left.end());
+    input.right.insert(input.right.end(), gap.right.begin(), gap.right.end());
+    input.left.insert(input.left.end(), tail.left.begin(), tail.left.end());
+    input.right.resize(input.left.size(), 0.0f);
+
+    CoreRig whole, pieces, single;
+    for (auto* rig : { &whole, &pieces, &single })
+        rig->setFloat(2, 0.5f);
+    const auto a = whole.runStereo(input, static_cast<int>(input.left.size()));
     const auto b = pieces.runStereo(input, 37);
     EXPECT_EQ(a.left, b.left);
     EXPECT_EQ(a.right, b.right);
+    EXPECT_EQ(single.runStereo(input, 1).right, a.right);
+
+    EXPECT_EQ(peakOf(std::vector<float>(a.left.begin() + 38000, a.left.begin() + 41000)), 0.0f) << "shut";
+    EXPECT_GT(peakOf(a.right, 41000), 0.0f) << "the right line hears the left through the crossfade";
 }
 
 TEST(CoreRun, FastTickLoopMatchesThePlainOneWithinFloatRounding)
