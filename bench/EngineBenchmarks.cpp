@@ -18,6 +18,9 @@
 
 #include <map>
 
+// GCC 12 takes the malloc/free pair inside replaced operators for a mismatch; it is not one.
+#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
+
 /** Every heap allocation made through operator new in this program, counted. */
 std::atomic<std::uint64_t> allocationCount { 0 };
 

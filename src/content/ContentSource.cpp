@@ -1,5 +1,7 @@
 #include "ContentSource.h"
 
+#include "SafeFile.h"
+
 ContentSource::ContentSource(const juce::String& storeName)
     : name(storeName)
 {
@@ -64,9 +66,10 @@ ContentItem* ContentSource::importItem(juce::InputStream& stream, const juce::St
     if (file == juce::File() || file.existsAsFile())
         return nullptr;
 
-    const auto text = stream.readEntireStreamAsString();
-    const juce::TemporaryFile temporary(file);
-    if (! temporary.getFile().replaceWithText(text, false, false, nullptr) || ! temporary.overwriteTargetFileWithTemporary())
+    // The stream's bytes as they are, whole or not at all.
+    juce::MemoryBlock bytes;
+    stream.readIntoMemoryBlock(bytes);
+    if (! SafeFile::write(file, bytes))
         return nullptr;
 
     const auto tags = readItemTags(itemName);

@@ -1,5 +1,6 @@
 #include "PackageBuilder.h"
 
+#include "SafeFile.h"
 #include "PackageFile.h"
 
 #include <juce_cryptography/juce_cryptography.h>
@@ -70,9 +71,7 @@ bool PackageBuilder::write(const juce::File& target, const juce::String& private
 
     const auto packed = zip({ "hash", "content" },
                             { juce::MemoryBlock(signature.toRawUTF8(), signature.getNumBytesAsUTF8()), content }, 0);
-    const juce::TemporaryFile temporary(target);
-    return temporary.getFile().replaceWithData(packed.getData(), packed.getSize())
-        && temporary.overwriteTargetFileWithTemporary();
+    return SafeFile::write(target, packed);
 }
 
 namespace

@@ -1,5 +1,6 @@
 #include "Preset.h"
 
+#include "SafeFile.h"
 #include "../parameters/Parameter.h"
 #include "../parameters/ParameterManager.h"
 
@@ -172,9 +173,8 @@ bool Preset::saveToFile(const juce::File& file, const ParameterManager& manager)
     const auto root = createXml(manager, false);
     if (root == nullptr)
         return false;
-    // The default text format: a UTF-8 header and no DTD. The write goes through a temporary file,
-    // so a failed write leaves an existing preset as it was.
-    return root->writeTo(file);
+    // A failed write leaves an existing preset as it was.
+    return SafeFile::writeXml(file, *root);
 }
 
 bool Preset::writeTagsToFile(const juce::File& file, const ContentTags& newTags)
@@ -186,5 +186,5 @@ bool Preset::writeTagsToFile(const juce::File& file, const ContentTags& newTags)
     if (root == nullptr || ! root->getTagName().equalsIgnoreCase("Preset"))
         return false;
     root->setAttribute("tags", newTags.toText());
-    return root->writeTo(file);
+    return SafeFile::writeXml(file, *root);
 }

@@ -4,6 +4,7 @@
 #include "../parameters/PluginResources.h"
 #include "../parameters/StringParameter.h"
 #include "../content/PresetsContent.h"
+#include "../content/SafeFile.h"
 #include "../engine/NonFiniteGuard.h"
 #include "FolderRule.h"
 #include "PluginAudioProcessor.h"
@@ -299,11 +300,11 @@ void BasePlugin::writeUserSettings()
 
     writeExtraUserSettings(root);
     // The last instance to close wins; a failed write is not reported (the next teardown tries again).
-    (void) root.writeTo(getUserSettingsFile());
+    (void) SafeFile::writeXml(getUserSettingsFile(), root);
 
     if (wantsStateDump())
         if (const auto state = createState())
-            (void) state->writeTo(getStateDumpFile());
+            (void) SafeFile::writeXml(getStateDumpFile(), *state);
 }
 
 void BasePlugin::updateLatency()

@@ -1,5 +1,6 @@
 #include "MidiControlMap.h"
 
+#include "../content/SafeFile.h"
 #include "../parameters/ParameterManager.h"
 
 MidiControlMap::MidiControlMap(ParameterManager& manager)
@@ -152,5 +153,5 @@ bool MidiControlMap::loadFromFile(const juce::File& file)
 
 bool MidiControlMap::saveToFile(const juce::File& file) const
 {
-    return createXml()->writeTo(file);
+    return SafeFile::writeXml(file, *createXml());
 }

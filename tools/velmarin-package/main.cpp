@@ -9,6 +9,7 @@
 //
 // A key file holds two lines, "public=e,n" and "private=d,n" (hexadecimal). It is a secret: keep
 // it out of the repository. Errors print one line on standard error and exit with status 2.
+#include "content/SafeFile.h"
 #include "content/PackageBuilder.h"
 #include "content/PackageFile.h"
 
@@ -105,7 +106,7 @@ int keygen(const Arguments& args)
     const auto seconds = (juce::Time::getMillisecondCounterHiRes() - start) / 1000.0;
 
     out.getParentDirectory().createDirectory();
-    if (! out.replaceWithText("public=" + publicKey + "\nprivate=" + privateKey + "\n"))
+    if (! SafeFile::writeText(out, "public=" + publicKey + "\nprivate=" + privateKey + "\n"))
         return fail("cannot write key file " + out.getFullPathName());
     chmod(out.getFullPathName().toRawUTF8(), 0600); // a secret: readable by its owner only
     std::cout << "made a " << bits << "-bit package key in " << juce::String(seconds, 2) << " s: " << out.getFullPathName() << std::endl;
@@ -127,7 +128,7 @@ int publicKeySource(const Arguments& args)
     if (out.existsAsFile() && out.loadFileAsString() == text)
         return 0;
     out.getParentDirectory().createDirectory();
-    return out.replaceWithText(text) ? 0 : fail("cannot write " + out.getFullPathName());
+    return SafeFile::writeText(out, text) ? 0 : fail("cannot write " + out.getFullPathName());
 }
 
 int build(const Arguments& args)

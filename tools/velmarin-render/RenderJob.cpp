@@ -4,6 +4,7 @@
 #include "Spectrogram.h"
 
 #include "content/FactoryScan.h"
+#include "content/SafeFile.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
 #include "plugin/PluginAudioProcessor.h"
@@ -287,7 +288,7 @@ int RenderJob::run()
     {
         juce::MemoryBlock state;
         processor.getStateInformation(state);
-        if (! options.stateOut.replaceWithData(state.getData(), state.getSize()))
+        if (! SafeFile::write(options.stateOut, state))
             return fail("cannot write state file " + options.stateOut.getFullPathName());
     }
 
@@ -321,12 +322,10 @@ int RenderJob::run()
 
     if (options.outputFile != juce::File())
     {
-        // Written beside the target first, so a failed write leaves an existing file as it was.
-        const juce::TemporaryFile temporary(options.outputFile);
+        // Made in memory, then written whole, so a failed write leaves an existing file as it was.
+        juce::MemoryBlock wavData;
         {
-            std::unique_ptr<juce::OutputStream> stream(temporary.getFile().createOutputStream());
-            if (stream == nullptr)
-                return fail("cannot write output file " + options.outputFile.getFullPathName());
+            auto stream = std::make_unique<juce::MemoryOutputStream>(wavData, false);
             juce::WavAudioFormat wav;
             std::unique_ptr<juce::AudioFormatWriter> writer(
                 wav.createWriterFor(stream.get(), rate, static_cast<unsigned int>(numOuts), 32, {}, 0));
@@ -336,7 +335,7 @@ int RenderJob::run()
             if (! writer->writeFromAudioSampleBuffer(result, 0, result.getNumSamples()))
                 return fail("cannot write output file " + options.outputFile.getFullPathName());
         }
-        if (! temporary.overwriteTargetFileWithTemporary())
+        if (! SafeFile::write(options.outputFile, wavData))
             return fail("cannot write output file " + options.outputFile.getFullPathName());
     }
 

@@ -1,5 +1,7 @@
 #include "Spectrogram.h"
 
+#include "content/SafeFile.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -180,14 +182,9 @@ juce::Image Spectrogram::render(const juce::AudioBuffer<float>& audio, double sa
 
 bool Spectrogram::writePng(const juce::Image& image, const juce::File& file)
 {
-    const juce::TemporaryFile temporary(file);
-    {
-        juce::FileOutputStream stream(temporary.getFile());
-        if (! stream.openedOk())
-            return false;
-        juce::PNGImageFormat png;
-        if (! png.writeImageToStream(image, stream))
-            return false;
-    }
-    return temporary.overwriteTargetFileWithTemporary();
+    juce::MemoryOutputStream stream;
+    juce::PNGImageFormat png;
+    if (! png.writeImageToStream(image, stream))
+        return false;
+    return SafeFile::write(file, stream.getData(), stream.getDataSize());
 }

@@ -1,0 +1,146 @@
+// Every file the product writes is written whole or not at all: with the process's file size limit
+// set below the new document's size, so that the operating system refuses the rest of the write
+// half-way, each writer reports failure, the previous file stays byte for byte, and no temporary
+// file is left behind.
+#include "content/PackageBuilder.h"
+#include "content/Preset.h"
+#include "content/PresetsContent.h"
+#include "content/SafeFile.h"
+#include "plugin/BasePlugin.h"
+#include "plugin/FolderRule.h"
+#include "plugin/PluginAudioProcessor.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <functional>
+
+#include <sys/resource.h>
+
+namespace
+{
+/** Files may grow to `bytes` while it lives; writes past that fail (EFBIG) instead of raising
+    SIGXFSZ. */
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        getrlimit(RLIMIT_FSIZE, &previous);
+        previousHandler = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit = previous;
+        limit.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &previous);
+        std::signal(SIGXFSZ, previousHandler);
+    }
+
+private:
+    rlimit previous {};
+    void (*previousHandler)(int) = nullptr;
+};
+
+class SafeWrite : public ::testing::Test
+{
+protected:
+    SafeWrite()
+    {
+        user.createDirectory();
+        FolderRule::setOverride(user, user.getChildFile("data"));
+    }
+    ~SafeWrite() override
+    {
+        FolderRule::setOverride({}, {});
+        user.deleteRecursively();
+    }
+
+    /** Writes `previous` to `file`, then runs `write` under a 16-byte limit: the write must fail and
+        leave the folder exactly as it was. */
+    void expectWholeOrNothing(const juce::File& file, const juce::String& previous, const std::function<bool()>& write)
+    {
+        SCOPED_TRACE(file.getFileName().toStdString());
+        ASSERT_TRUE(file.getParentDirectory().createDirectory());
+        ASSERT_TRUE(file.replaceWithText(previous));
+        const auto before = listing(file.getParentDirectory());
+        bool written = true;
+        {
+            const FileSizeLimit limit(16);
+            written = write();
+        }
+        EXPECT_FALSE(written);
+        EXPECT_EQ(file.loadFileAsString(), previous);
+        EXPECT_EQ(listing(file.getParentDirectory()), before) << "no temporary file is left behind";
+    }
+
+    /** Every file in a folder, hidden ones included. */
+    static juce::String listing(const juce::File& folder)
+    {
+        juce::StringArray names;
+        for (const auto& f : folder.findChildFiles(juce::File::findFilesAndDirectories, false, "*"))
+            names.add(f.getFileName());
+        names.sort(true);
+        return names.joinIntoString("|");
+    }
+
+    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("safe-write", {}, false);
+};
+} // namespace
+
+TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
+{
+    const juce::String previousPreset = R"(<Preset tags="Type:Jet"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
+    auto processor = std::make_unique<PluginAudioProcessor>();
+    auto& plugin = processor->getPlugin();
+    auto& manager = plugin.getParameterManager();
+    const auto presets = plugin.getUserPresetsFolder();
+
+    Preset preset;
+    plugin.storeToPreset(preset, 0);
+    const auto presetFile = presets.getChildFile("Jet.vmprs2");
+    expectWholeOrNothing(presetFile, previousPreset, [&] { return preset.saveToFile(presetFile, manager); });
+    expectWholeOrNothing(presetFile, previousPreset,
+                         [&] { return Preset::writeTagsToFile(presetFile, ContentTags::fromText("Type:Chorus;Modulation:Slow")); });
+
+    const auto mapFile = user.getChildFile("Maps/Mine.vmccmap");
+    plugin.getMidiMap().assign(manager.getParameter(juce::String("FX Amount")), 12);
+    expectWholeOrNothing(mapFile, "<MidiControlMap/>", [&] { return plugin.getMidiMap().saveToFile(mapFile); });
+
+    // An import that fails leaves no file and no item.
+    const auto itemsBefore = plugin.getUserStore()->getItems().size();
+    {
+        juce::MemoryInputStream stream(previousPreset.toRawUTF8(), previousPreset.getNumBytesAsUTF8(), false);
+        const FileSizeLimit limit(16);
+        EXPECT_EQ(plugin.getUserStore()->importItem(stream, "Imported"), nullptr);
+    }
+    EXPECT_FALSE(presets.getChildFile("Imported.vmprs2").exists());
+    EXPECT_EQ(plugin.getUserStore()->getItems().size(), itemsBefore);
+
+    PackageBuilder builder(PackageDescription {});
+    builder.addEntry("Jet.vmprs2", juce::MemoryBlock(previousPreset.toRawUTF8(), previousPreset.getNumBytesAsUTF8()));
+    juce::String publicKey, privateKey;
+    PackageBuilder::createKeyPair(512, publicKey, privateKey);
+    const auto package = user.getChildFile("data/Presets/Factory.q41pkg");
+    expectWholeOrNothing(package, "an older package", [&] { return builder.write(package, privateKey); });
+
+    // The settings file is written at teardown, where nothing can report the failure: the file the
+    // previous instance wrote must survive it.
+    const auto settings = user.getChildFile("Velmarin.ini");
+    processor.reset();
+    const auto previousSettings = settings.loadFileAsString();
+    ASSERT_TRUE(previousSettings.contains("UserSettings"));
+    processor = std::make_unique<PluginAudioProcessor>();
+    processor->getPlugin().getParameterManager().getParameter(juce::String("Real-time Processing Quality"))->setText("Ultra", true);
+    {
+        const FileSizeLimit limit(16);
+        processor.reset();
+    }
+    EXPECT_EQ(settings.loadFileAsString(), previousSettings);
+
+    // And with room to write, the same writers replace the file whole.
+    ASSERT_TRUE(SafeFile::writeText(mapFile, "new"));
+    EXPECT_EQ(mapFile.loadFileAsString(), "new");
+    EXPECT_FALSE(SafeFile::writeText(user, "a folder is not a file"));
+}
