@@ -4,6 +4,18 @@
 
 #include <atomic>
 
+/** A juce::ReadWriteLock whose list of readers is already at its resting size. JUCE shrinks that
+    list (a heap call) the first time a reader leaves; taking the read side once here makes that
+    happen at construction instead of in the first block that reads the lock. */
+struct SettledReadWriteLock : juce::ReadWriteLock
+{
+    SettledReadWriteLock() noexcept
+    {
+        enterRead();
+        exitRead();
+    }
+};
+
 /** The note value a clock runs at: a note code from the note table and a dot type (0 plain,
     1 dotted, 2 triplet). `effectiveRate`, in cycles per quarter note, is guarded by `rateLock`:
     the message thread may refresh it while the audio thread reads it once per block.
@@ -30,7 +42,7 @@ struct ClockDivision
     int dotType = 0;
     double noteRate = 4.0;
     double multiplier = 1.0;
-    mutable juce::ReadWriteLock rateLock;
+    mutable SettledReadWriteLock rateLock;
     double effectiveRate = 4.0;
 };
 
