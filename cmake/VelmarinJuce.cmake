@@ -52,3 +52,23 @@ if(VELMARIN_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer -g)
   target_link_options(velmarin_code_options INTERFACE -fsanitize=address,undefined)
 endif()
+
+# ThreadSanitizer must see every access, so unlike the build above it instruments JUCE as well.
+if(VELMARIN_TSAN)
+  if(VELMARIN_SANITIZE)
+    message(FATAL_ERROR "VELMARIN_TSAN and VELMARIN_SANITIZE cannot be combined")
+  endif()
+  target_compile_options(velmarin_juce PRIVATE -fsanitize=thread -fno-omit-frame-pointer -g)
+  target_compile_options(velmarin_code_options INTERFACE -fsanitize=thread -fno-omit-frame-pointer -g)
+  target_link_options(velmarin_juce_settings INTERFACE -fsanitize=thread)
+endif()
+
+# A fuzzing build (clang only) adds libFuzzer's coverage instrumentation to JUCE and to the
+# project's code, on top of the sanitizers. Only the fuzz executables link libFuzzer itself
+# (-fsanitize=fuzzer); everything else, unit tests included, still links and runs as usual: the
+# sanitizer runtime supplies the coverage hooks.
+if(VELMARIN_FUZZ)
+  target_compile_options(velmarin_juce PRIVATE -fsanitize=fuzzer-no-link)
+  target_compile_options(velmarin_code_options INTERFACE -fsanitize=fuzzer-no-link)
+  target_link_options(velmarin_code_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()

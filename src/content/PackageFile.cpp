@@ -1,10 +1,15 @@
 #include "PackageFile.h"
+#include "XmlInput.h"
 
 #include <juce_cryptography/juce_cryptography.h>
 
 namespace
 {
-bool readEntry(juce::ZipFile& zip, const juce::String& entryName, juce::MemoryBlock& bytes)
+/** Limits of the two outer entries: a signature is a few hundred bytes, a library some megabytes. */
+constexpr size_t maximumHashBytes = 64 * 1024;
+constexpr size_t maximumContentBytes = 256 * 1024 * 1024;
+
+bool readEntry(juce::ZipFile& zip, const juce::String& entryName, size_t limit, juce::MemoryBlock& bytes)
 {
     const int index = zip.getIndexOfFileName(entryName);
     if (index < 0)
@@ -12,10 +17,8 @@ bool readEntry(juce::ZipFile& zip, const juce::String& entryName, juce::MemoryBl
     std::unique_ptr<juce::InputStream> stream(zip.createStreamForEntry(index));
     if (stream == nullptr)
         return false;
-    bytes.reset();
-    juce::MemoryOutputStream out(bytes, false);
-    out.writeFromInputStream(*stream, -1);
-    return true;
+    // The size an entry declares is not trusted: the bytes are read as they come.
+    return XmlInput::readAtMost(*stream, limit, bytes);
 }
 } // namespace
 
@@ -44,7 +47,7 @@ PackageFile::PackageFile(const juce::File& file, const juce::String& publicKey)
     outer = std::make_unique<juce::ZipFile>(file);
 
     juce::MemoryBlock hashBytes;
-    if (! readEntry(*outer, "hash", hashBytes) || ! readEntry(*outer, "content", contentBytes)
+    if (! readEntry(*outer, "hash", maximumHashBytes, hashBytes) || ! readEntry(*outer, "content", maximumContentBytes, contentBytes)
         || ! signatureMatches(hashBytes.toString(), contentBytes, publicKey))
     {
         outer.reset();
@@ -62,7 +65,7 @@ void PackageFile::readDescription()
     auto stream = index >= 0 ? createStream(index) : nullptr;
     if (stream == nullptr)
         return;
-    const auto root = juce::parseXML(stream->readEntireStreamAsString());
+    const auto root = XmlInput::parse(*stream);
     if (root == nullptr)
         return;
     product = root->getStringAttribute("product");

@@ -1,13 +1,13 @@
 #include "Preset.h"
 
 #include "SafeFile.h"
+#include "XmlInput.h"
 #include "../parameters/Parameter.h"
 #include "../parameters/ParameterManager.h"
 
 Preset::Preset(juce::InputStream& stream, const ParameterManager& manager, bool headerOnly, const juce::String& presetName)
 {
-    juce::XmlDocument document(stream.readEntireStreamAsString());
-    const auto root = document.getDocumentElement(headerOnly);
+    const auto root = XmlInput::parse(stream, headerOnly);
     readXml(root.get(), manager, headerOnly);
     name = presetName;
 }
@@ -162,8 +162,7 @@ std::unique_ptr<juce::XmlElement> Preset::createXml(const ParameterManager& mana
 
 void Preset::loadFromFile(const juce::File& file, const ParameterManager& manager, bool headerOnly)
 {
-    juce::XmlDocument document(file);
-    if (const auto root = document.getDocumentElement(headerOnly))
+    if (const auto root = XmlInput::parse(file, headerOnly))
         readXml(root.get(), manager, headerOnly);
     name = file.getFileNameWithoutExtension();
 }
@@ -181,8 +180,7 @@ bool Preset::writeTagsToFile(const juce::File& file, const ContentTags& newTags)
 {
     if (file == juce::File() || ! file.existsAsFile())
         return false;
-    juce::XmlDocument document(file);
-    const auto root = document.getDocumentElement();
+    const auto root = XmlInput::parse(file);
     if (root == nullptr || ! root->getTagName().equalsIgnoreCase("Preset"))
         return false;
     root->setAttribute("tags", newTags.toText());

@@ -104,7 +104,7 @@ juce::String Parameter::getDisplayText() const
         {
             const float f = getFloat();
             if (f < 1000.0f)
-                return juce::String(static_cast<int>(f)) + unit;
+                return juce::String(truncateToInt(f)) + unit;
             return decimals(f * 0.001f, 0) + "k" + unit;
         }
         case 12:
@@ -117,7 +117,7 @@ juce::String Parameter::getDisplayText() const
         }
         case 14:
         {
-            const int a = static_cast<int>(getNormalized() * 100.0f);
+            const int a = truncateToInt(getNormalized() * 100.0f);
             return juce::String(100 - a) + "/" + juce::String(a) + unit;
         }
         default: return {};

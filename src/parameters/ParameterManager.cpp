@@ -9,6 +9,7 @@
 #include "StringParameter.h"
 
 #include "../content/Preset.h"
+#include "../content/XmlInput.h"
 
 namespace
 {
@@ -68,7 +69,7 @@ int ParameterManager::formatCodeForWord(const juce::String& word)
 void ParameterManager::loadFromResource(const juce::String& resourceName)
 {
     const auto text = PluginResources::getText(resourceName);
-    if (auto root = juce::parseXML(text))
+    if (auto root = XmlInput::parse(text))
     {
         readXml(*root);
         return;

@@ -50,7 +50,10 @@ juce::String VelmarinParameterManager::format(const Parameter& parameter)
     if (const int master = masterOf(index); master >= 0 && getBool(master))
         return "Inactive";
 
-    const float n = parameter.getNormalized();
+    // An int parameter with a single value answers NaN (0 / 0); it shows as its only value. No NaN
+    // may reach the conversions to int below.
+    const float normalized = parameter.getNormalized();
+    const float n = std::isnan(normalized) ? 0.0f : normalized;
     switch (index)
     {
         case 0:

@@ -4,6 +4,7 @@
 #include "../parameters/PluginResources.h"
 #include "../parameters/StringParameter.h"
 #include "../content/PresetsContent.h"
+#include "../content/XmlInput.h"
 #include "../content/SafeFile.h"
 #include "../engine/NonFiniteGuard.h"
 #include "FolderRule.h"
@@ -192,8 +193,7 @@ void BasePlugin::finishInitialisation()
 
     if (wantsStateDump())
     {
-        juce::XmlDocument document(getStateDumpFile());
-        if (const auto dump = document.getDocumentElement())
+        if (const auto dump = XmlInput::parse(getStateDumpFile()))
             setState(*dump);
     }
 }
@@ -241,8 +241,7 @@ void BasePlugin::readQualities(const juce::XmlElement& presetElement, int firstI
 
 void BasePlugin::readUserSettings()
 {
-    juce::XmlDocument document(getUserSettingsFile());
-    const auto root = document.getDocumentElement();
+    const auto root = XmlInput::parse(getUserSettingsFile());
     if (root != nullptr && isUserSettings(*root))
     {
         for (auto* child : root->getChildIterator())
@@ -604,7 +603,7 @@ void BasePlugin::writeStateToBlock(juce::MemoryBlock& block)
 void BasePlugin::readStateFromBlock(const void* data, int size)
 {
     if (data != nullptr && size > 1)
-        if (auto xml = juce::AudioProcessor::getXmlFromBinary(data, size))
+        if (auto xml = XmlInput::parseBinaryState(data, size))
             setState(*xml);
     ++stateWriteCount;
 }
@@ -829,8 +828,7 @@ bool BasePlugin::loadHostMapFile(const juce::File& file)
 {
     if (! file.existsAsFile())
         return false;
-    juce::XmlDocument document(file);
-    const auto root = document.getDocumentElement();
+    const auto root = XmlInput::parse(file);
     if (root == nullptr)
         return false;
     readHostMapXml(*root);

@@ -1,6 +1,7 @@
 #include "MidiControlMap.h"
 
 #include "../content/SafeFile.h"
+#include "../content/XmlInput.h"
 #include "../parameters/ParameterManager.h"
 
 MidiControlMap::MidiControlMap(ParameterManager& manager)
@@ -146,8 +147,7 @@ bool MidiControlMap::loadFromFile(const juce::File& file)
 {
     if (! file.existsAsFile())
         return false;
-    juce::XmlDocument document(file);
-    const auto root = document.getDocumentElement();
+    const auto root = XmlInput::parse(file);
     return root != nullptr && readXml(root.get());
 }
 

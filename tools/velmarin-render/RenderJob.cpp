@@ -5,6 +5,7 @@
 
 #include "content/FactoryScan.h"
 #include "content/SafeFile.h"
+#include "content/XmlInput.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
 #include "plugin/PluginAudioProcessor.h"
@@ -152,8 +153,7 @@ int RenderJob::run()
     const auto presetFile = options.preset.isNotEmpty() ? presetFileFor(options.preset) : juce::File();
     if (presetFile != juce::File())
     {
-        juce::XmlDocument document(presetFile);
-        const auto root = document.getDocumentElement(true);
+        const auto root = XmlInput::parse(presetFile, true);
         if (root == nullptr || ! root->getTagName().equalsIgnoreCase("Preset"))
             return fail("cannot read preset file " + presetFile.getFullPathName() + ": not a preset document");
     }

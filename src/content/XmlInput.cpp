@@ -1,0 +1,174 @@
+#include "XmlInput.h"
+
+#include <climits>
+#include <cstring>
+#include <string>
+
+namespace
+{
+/** Well-formed UTF-8 as RFC 3629 has it: no overlong form, no surrogate, nothing above U+10FFFF.
+    juce::CharPointer_UTF8::isValidString lets overlong forms through ("C1 BC" for "|"), and JUCE's
+    string code then counts their length in two different ways and writes past its buffers. */
+bool isWellFormedUtf8(const uint8_t* text, size_t size)
+{
+    size_t i = 0;
+    while (i < size)
+    {
+        const uint8_t lead = text[i];
+        if (lead < 0x80)
+        {
+            ++i;
+            continue;
+        }
+        size_t extra = 0;
+        uint32_t codePoint = 0, smallest = 0;
+        if ((lead & 0xe0) == 0xc0)
+            extra = 1, codePoint = lead & 0x1fu, smallest = 0x80;
+        else if ((lead & 0xf0) == 0xe0)
+            extra = 2, codePoint = lead & 0x0fu, smallest = 0x800;
+        else if ((lead & 0xf8) == 0xf0)
+            extra = 3, codePoint = lead & 0x07u, smallest = 0x10000;
+        else
+            return false;
+        if (size - i <= extra)
+            return false;
+        for (size_t k = 1; k <= extra; ++k)
+        {
+            if ((text[i + k] & 0xc0) != 0x80)
+                return false;
+            codePoint = (codePoint << 6) | (text[i + k] & 0x3fu);
+        }
+        if (codePoint < smallest || codePoint > 0x10ffff || (codePoint >= 0xd800 && codePoint <= 0xdfff))
+            return false;
+        i += extra + 1;
+    }
+    return true;
+}
+
+/** UTF-16 after its byte order mark, up to the first zero unit; empty for a lone surrogate. */
+juce::String decodeUtf16(const uint8_t* bytes, size_t size, bool bigEndian)
+{
+    const auto unitAt = [&](size_t at) {
+        return bigEndian ? (static_cast<uint32_t>(bytes[at]) << 8) | bytes[at + 1]
+                         : (static_cast<uint32_t>(bytes[at + 1]) << 8) | bytes[at];
+    };
+    std::wstring text;
+    for (size_t i = 2; i + 1 < size; i += 2)
+    {
+        uint32_t codePoint = unitAt(i);
+        if (codePoint == 0)
+            break;
+        if (codePoint >= 0xdc00 && codePoint <= 0xdfff)
+            return {};
+        if (codePoint >= 0xd800 && codePoint <= 0xdbff)
+        {
+            if (i + 3 >= size)
+                return {};
+            const uint32_t low = unitAt(i + 2);
+            if (low < 0xdc00 || low > 0xdfff)
+                return {};
+            codePoint = 0x10000 + ((codePoint - 0xd800) << 10) + (low - 0xdc00);
+            i += 2;
+        }
+        text.push_back(static_cast<wchar_t>(codePoint));
+    }
+    return juce::String(text.c_str());
+}
+} // namespace
+
+namespace XmlInput
+{
+juce::String decode(const void* data, size_t size)
+{
+    if (data == nullptr || size == 0)
+        return {};
+    const auto* bytes = static_cast<const uint8_t*>(data);
+    if (size >= 2 && ((bytes[0] == 0xff && bytes[1] == 0xfe) || (bytes[0] == 0xfe && bytes[1] == 0xff)))
+        return decodeUtf16(bytes, size, bytes[0] == 0xfe);
+
+    if (size >= 3 && bytes[0] == 0xef && bytes[1] == 0xbb && bytes[2] == 0xbf)
+    {
+        bytes += 3;
+        size -= 3;
+    }
+    // The text ends at the first zero byte, as a juce::String does.
+    const auto* end = static_cast<const uint8_t*>(std::memchr(bytes, 0, size));
+    const auto length = std::min<size_t>(end != nullptr ? static_cast<size_t>(end - bytes) : size, INT_MAX - 1);
+    if (! isWellFormedUtf8(bytes, length))
+        return {};
+    return juce::String::fromUTF8(reinterpret_cast<const char*>(bytes), static_cast<int>(length));
+}
+
+bool isParseable(const juce::String& text)
+{
+    // The root element begins at the first "<" that opens neither a processing instruction nor a
+    // declaration or comment.
+    int position = 0;
+    for (;;)
+    {
+        const int open = text.indexOfChar(position, '<');
+        if (open < 0)
+            return true;
+        const auto next = text[open + 1];
+        if (next != '?' && next != '!')
+            return ! text.substring(open).contains("<?");
+        position = open + 1;
+    }
+}
+
+std::unique_ptr<juce::XmlElement> parse(const juce::String& text, bool headerOnly)
+{
+    if (text.isEmpty() || ! isParseable(text))
+        return nullptr;
+    juce::XmlDocument document(text);
+    return document.getDocumentElement(headerOnly);
+}
+
+std::unique_ptr<juce::XmlElement> parse(const juce::File& file, bool headerOnly)
+{
+    juce::MemoryBlock bytes;
+    if (! file.existsAsFile() || ! file.loadFileAsData(bytes))
+        return nullptr;
+    return parse(decode(bytes.getData(), bytes.getSize()), headerOnly);
+}
+
+bool readAtMost(juce::InputStream& stream, size_t limit, juce::MemoryBlock& bytes)
+{
+    bytes.reset();
+    juce::MemoryOutputStream out(bytes, false);
+    char buffer[8192];
+    for (;;)
+    {
+        const int count = stream.read(buffer, static_cast<int>(sizeof(buffer)));
+        if (count <= 0)
+            return true;
+        if (out.getDataSize() + static_cast<size_t>(count) > limit)
+        {
+            out.reset();
+            return false;
+        }
+        out.write(buffer, static_cast<size_t>(count));
+    }
+}
+
+std::unique_ptr<juce::XmlElement> parse(juce::InputStream& stream, bool headerOnly)
+{
+    juce::MemoryBlock bytes;
+    if (! readAtMost(stream, maximumDocumentBytes, bytes))
+        return nullptr;
+    return parse(decode(bytes.getData(), bytes.getSize()), headerOnly);
+}
+
+std::unique_ptr<juce::XmlElement> parseBinaryState(const void* data, int size)
+{
+    // The layout of juce::AudioProcessor::copyXmlToBinary.
+    constexpr juce::uint32 magic = 0x21324356;
+    if (data == nullptr || size <= 8 || juce::ByteOrder::littleEndianInt(data) != magic)
+        return nullptr;
+    const auto declared = static_cast<int>(juce::ByteOrder::littleEndianInt(juce::addBytesToPointer(data, 4)));
+    if (declared <= 0)
+        return nullptr;
+    const auto length = std::min(size - 8, declared);
+    return parse(decode(juce::addBytesToPointer(data, 8), static_cast<size_t>(length)));
+}
+} // namespace XmlInput

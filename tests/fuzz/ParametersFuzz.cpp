@@ -1,0 +1,46 @@
+// The parameter description (parameters.xml) through the product's parameter manager, and every
+// parameter it defines through the calls a host, a preset and the editor make.
+#include "FuzzSupport.h"
+
+#include "content/XmlInput.h"
+#include "parameters/VelmarinParameterManager.h"
+
+#include <memory>
+
+int fuzzParameters(const uint8_t* data, size_t size)
+{
+    static auto* const manager = new VelmarinParameterManager();
+
+    const auto root = XmlInput::parse(fuzz::textOf(data, size));
+    if (root == nullptr)
+        return 0;
+    manager->readXml(*root);
+
+    for (auto* p : manager->getParameters())
+    {
+        // Indices and names are unique, so each parameter is found under both.
+        FUZZ_CHECK(manager->getParameter(p->getIndex()) == p);
+        FUZZ_CHECK(manager->getParameter(p->getName()) == p);
+
+        (void) p->getDisplayText();
+        (void) p->getVar();
+
+        // A value's own text reads back as the same value.
+        const auto text = p->getText();
+        p->setText(text, true);
+        FUZZ_CHECK(p->getText() == text);
+
+        const std::unique_ptr<Parameter> copy(p->clone(p->getIndex(), p->getName()));
+        FUZZ_CHECK(copy->getText() == text);
+
+        for (const float n : { 0.0f, 0.5f, 1.0f })
+        {
+            p->setNormalized(n, true);
+            (void) p->getDisplayText();
+            p->setText(p->getText(), false);
+        }
+        p->setBool(true, false);
+        p->copyFrom(*copy, true);
+    }
+    return 0;
+}
