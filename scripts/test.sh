@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# The test command: sets up, builds, runs every unit test (plain and with AddressSanitizer and
-# UndefinedBehaviorSanitizer), then validates the VST3 and LV2 plug-ins with pluginval at
-# strictness 10. Exits non-zero on any failure.
+# The test command: sets up, builds, runs every unit test (plain, and with AddressSanitizer and
+# UndefinedBehaviorSanitizer in a clang build), runs every fuzz target briefly on its corpus, then
+# validates the VST3 and LV2 plug-ins with pluginval at strictness 10. Exits non-zero on any failure.
 set -euo pipefail
 
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -19,14 +19,21 @@ cmake --build build -j"$jobs"
 echo "== unit tests"
 ctest --test-dir build --output-on-failure -j"$jobs"
 
-echo "== unit tests with AddressSanitizer and UndefinedBehaviorSanitizer"
-# The sanitized build signs with the plain build's package key instead of making its own.
-cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELMARIN_SANITIZE=ON \
+echo "== unit tests with AddressSanitizer and UndefinedBehaviorSanitizer (clang, fuzz targets included)"
+# One clang build serves the sanitized unit tests and the libFuzzer targets. It signs with the plain
+# build's package key instead of making its own. A folder configured by another compiler is remade.
+if [ -f build-sanitize/CMakeCache.txt ] && ! grep -q '^CMAKE_CXX_COMPILER:[A-Z]*=.*clang' build-sanitize/CMakeCache.txt; then
+  rm -rf build-sanitize
+fi
+CC=clang CXX=clang++ cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELMARIN_SANITIZE=ON -DVELMARIN_FUZZ=ON \
   -DVELMARIN_BUILD_PLUGIN=OFF -DVELMARIN_BUILD_BENCHMARKS=OFF -DVELMARIN_PACKAGE_KEY="$root/build/package-key/velmarin-package.key" >build-sanitize.configure.log 2>&1 \
   || { cat build-sanitize.configure.log; exit 1; }
 cmake --build build-sanitize -j"$jobs"
 ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
   ctest --test-dir build-sanitize --output-on-failure -j"$jobs"
+
+echo "== fuzzing, a few seconds per target on its committed corpus"
+bash scripts/fuzz.sh --build-dir build-sanitize --seconds "${VELMARIN_FUZZ_SECONDS:-7}"
 
 echo "== pluginval, strictness 10 (VST3 and LV2)"
 # Built inside this tree's build folder so that a cache left by another checkout of the validator's
