@@ -74,6 +74,53 @@ juce::String decodeUtf16(const uint8_t* bytes, size_t size, bool bigEndian)
     }
     return juce::String(text.c_str());
 }
+
+/** Whether every "&" starts one of the five predefined entities or a complete numeric character
+    reference that names a character: JUCE's parser steps over the end of the text after a broken
+    "&#x", appends any number it reads as a character ("&#xFFFFFFFF;" puts a malformed sequence
+    into a string), and parses an unknown entity's name as XML. */
+bool hasOnlyValidCharacterReferences(const juce::String& text)
+{
+    for (auto p = text.getCharPointer(); ! p.isEmpty();)
+    {
+        if (*p != '&')
+        {
+            ++p;
+            continue;
+        }
+        ++p;
+        if (*p != '#')
+        {
+            // Only the five predefined entities: JUCE expands any other name to the name itself
+            // and parses that as XML when it begins with "<", past the end of its text.
+            bool known = false;
+            for (const char* name : { "amp;", "quot;", "apos;", "lt;", "gt;" })
+                known = known || p.compareIgnoreCaseUpTo(juce::CharPointer_ASCII(name), static_cast<int>(std::strlen(name))) == 0;
+            if (! known)
+                return false;
+            continue;
+        }
+        ++p;
+        const bool hex = *p == 'x' || *p == 'X';
+        if (hex)
+            ++p;
+        uint64_t value = 0;
+        int digits = 0;
+        for (;; ++p, ++digits)
+        {
+            const auto c = *p;
+            const int digit = hex ? juce::CharacterFunctions::getHexDigitValue(c) : (c >= '0' && c <= '9' ? static_cast<int>(c - '0') : -1);
+            if (digit < 0)
+                break;
+            value = value * (hex ? 16u : 10u) + static_cast<uint64_t>(digit);
+            if (value > 0x10ffff)
+                return false;
+        }
+        if (digits == 0 || *p != ';' || value == 0 || (value >= 0xd800 && value <= 0xdfff))
+            return false;
+    }
+    return true;
+}
 } // namespace
 
 namespace XmlInput
@@ -101,6 +148,9 @@ juce::String decode(const void* data, size_t size)
 
 bool isParseable(const juce::String& text)
 {
+    if (! hasOnlyValidCharacterReferences(text))
+        return false;
+
     // The root element begins at the first "<" that opens neither a processing instruction nor a
     // declaration or comment.
     int position = 0;

@@ -17,7 +17,8 @@ namespace XmlInput
 juce::String decode(const void* data, size_t size);
 
 /** Whether JUCE's parser can be given the text: no processing instruction after the first element
-    has begun. */
+    has begun, every "&" one of the five predefined entities ("&amp;" ...) or a complete numeric
+    character reference naming a character (1 to U+10FFFF, no surrogate). */
 bool isParseable(const juce::String& text);
 
 /** The document element of a text, or null for a text that gives none or is not parseable.

@@ -3,6 +3,8 @@
 #include "FuzzSupport.h"
 
 #include "content/XmlInput.h"
+#include "parameters/FloatParameter.h"
+#include "parameters/IntParameter.h"
 #include "parameters/VelmarinParameterManager.h"
 
 #include <memory>
@@ -25,13 +27,18 @@ int fuzzParameters(const uint8_t* data, size_t size)
         (void) p->getDisplayText();
         (void) p->getVar();
 
-        // A value's own text reads back as the same value.
+        // A value's own text reads back as the same value (an int row with its bounds the wrong
+        // way round clamps each way in turn, as its definition asks; a float's "-0" reads as 0).
         const auto text = p->getText();
         p->setText(text, true);
-        FUZZ_CHECK(p->getText() == text);
+        const auto* asInt = dynamic_cast<const IntParameter*>(p);
+        if (dynamic_cast<const FloatParameter*>(p) != nullptr)
+            FUZZ_CHECK(p->getText() == text || p->getText().getDoubleValue() == text.getDoubleValue());
+        else if (asInt == nullptr || asInt->getMinimum() <= asInt->getMaximum())
+            FUZZ_CHECK(p->getText() == text);
 
         const std::unique_ptr<Parameter> copy(p->clone(p->getIndex(), p->getName()));
-        FUZZ_CHECK(copy->getText() == text);
+        FUZZ_CHECK(copy->getText() == p->getText());
 
         for (const float n : { 0.0f, 0.5f, 1.0f })
         {
