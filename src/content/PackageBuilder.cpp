@@ -69,9 +69,12 @@ bool PackageBuilder::write(const juce::File& target, const juce::String& private
     if (signature.isEmpty())
         return false;
 
-    const auto packed = zip({ "hash", "content" },
-                            { juce::MemoryBlock(signature.toRawUTF8(), signature.getNumBytesAsUTF8()), content }, 0);
-    return SafeFile::write(target, packed);
+    return SafeFile::write(target, wrap(content, signature));
+}
+
+juce::MemoryBlock PackageBuilder::wrap(const juce::MemoryBlock& content, const juce::String& signature)
+{
+    return zip({ "hash", "content" }, { juce::MemoryBlock(signature.toRawUTF8(), signature.getNumBytesAsUTF8()), content }, 0);
 }
 
 namespace

@@ -29,6 +29,8 @@ public:
 
     /** The inner archive's bytes: `__desc__` first, then the entries in the order added. */
     juce::MemoryBlock buildContent() const;
+    /** The outer archive: the signature text as `hash`, the inner archive as `content`. */
+    static juce::MemoryBlock wrap(const juce::MemoryBlock& content, const juce::String& signature);
     /** The signature of the content's MD5 as lower-case hexadecimal. */
     static juce::String sign(const juce::MemoryBlock& content, const juce::String& privateKey);
     /** A new key pair of `bits` bits as key texts ("exponent,modulus" and "private exponent,modulus"). */

@@ -22,18 +22,6 @@ constexpr const char* testPrivateKey =
 
 /** Presets opened per input: enough to reach every reading path, few enough to stay quick. */
 constexpr int maximumOpened = 4;
-
-juce::MemoryBlock signedPackage(const juce::MemoryBlock& content, const juce::String& signature)
-{
-    juce::ZipFile::Builder builder;
-    builder.addEntry(new juce::MemoryInputStream(signature.toRawUTF8(), signature.getNumBytesAsUTF8(), true), 0, "hash", {});
-    builder.addEntry(new juce::MemoryInputStream(content, true), 0, "content", {});
-    juce::MemoryBlock bytes;
-    juce::MemoryOutputStream out(bytes, false);
-    builder.writeToStream(out, nullptr);
-    out.flush();
-    return bytes;
-}
 } // namespace
 
 int fuzzPackage(const uint8_t* data, size_t size)
@@ -45,7 +33,7 @@ int fuzzPackage(const uint8_t* data, size_t size)
 
     static const auto file = fuzz::scratchFile("Fuzz Factory.q41pkg");
     const auto signature = wrapped ? PackageBuilder::sign(rest, testPrivateKey) : juce::String();
-    const auto bytes = wrapped ? signedPackage(rest, signature) : rest;
+    const auto bytes = wrapped ? PackageBuilder::wrap(rest, signature) : rest;
     FUZZ_CHECK(file.replaceWithData(bytes.getData(), bytes.getSize()));
 
     auto& plugin = fuzz::sharedProcessor().getPlugin();
