@@ -108,9 +108,10 @@ TEST(Stress, ConcurrentHostEditorStateAndAudioThreadsKeepTheInstanceSound)
         {
             auto* p = hostParameters.getUnchecked(random.nextInt(hostParameters.size()));
             p->setValue(random.nextFloat());
-            // A host's display asks for values and texts at any time.
+            // A host's display asks for values and texts at any time, and reads typed texts back.
             (void) p->getValue();
-            (void) p->getText(random.nextFloat(), 32);
+            (void) p->getValueForText(p->getText(random.nextFloat(), 32));
+            (void) p->getCurrentValueAsText();
             ++automationWrites;
             if (random.nextInt(200) == 0)
                 processor.setNonRealtime(! processor.isNonRealtime());
