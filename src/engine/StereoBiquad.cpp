@@ -20,6 +20,7 @@ StereoBiquad::StereoBiquad(int filterType, float minimumHz, float maximumHz, flo
 
 void StereoBiquad::fillTables(const SampleRateContext& designContext)
 {
+    cornerLimit = static_cast<float>(designContext.sampleRate * 0.45);
     for (int i = 0; i < tableSize; ++i)
     {
         const double w = i * 0.5 * designContext.samplePeriod * 6.283185307179586;
@@ -39,7 +40,7 @@ void StereoBiquad::setCoefficients(float newFrequencyAmount, float newResonanceA
     frequencyAmount = newFrequencyAmount;
     resonanceAmount = newResonanceAmount;
 
-    const float f = frequencyAmount * frequencySpan + minimumFrequency;
+    const float f = std::min(frequencyAmount * frequencySpan + minimumFrequency, cornerLimit);
     const int i = std::clamp(static_cast<int>(2.0f * f), 0, tableSize - 1);
     const float s = sineTable[i];
     const float c = cosineTable[i];

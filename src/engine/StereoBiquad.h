@@ -9,7 +9,9 @@
     calls, so that a run can re-tune it cheaply. Entry i of the tables stands for i / 2 Hz at the
     design rate of its context (twice the host's rate in this engine). Type 1 is a low-pass and
     type 4 a high-pass; other types are not used by this product and leave the coefficients as
-    they are. Thread: audio thread, under the effect's core lock; `fillTables` at reset. */
+    they are. A corner is kept below 0.45 times the design rate (nine tenths of its Nyquist
+    frequency): beyond Nyquist the design turns unstable, so at low host rates a fixed corner is
+    pulled down instead. Thread: audio thread, under the effect's core lock; `fillTables` at reset. */
 class StereoBiquad
 {
 public:
@@ -51,6 +53,7 @@ private:
     }
 
     float frequencyAmount = 0.0f;
+    float cornerLimit = 0.0f; // Hz at the design rate, set by fillTables
     float minimumFrequency, maximumFrequency, frequencySpan;
     float resonanceAmount = 0.0f;
     float minimumQ, maximumQ, qSpan;

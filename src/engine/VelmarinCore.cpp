@@ -32,12 +32,13 @@ inline float clipLineInput(float v) noexcept
     return v;
 }
 
-/** Writes a sample into a ring of 128 samples kept in three copies. */
-inline void writeTriple(std::array<float, 384>& ring, int index, float value) noexcept
+/** Writes a sample into a ring of `length` samples kept in three copies. */
+template <size_t size>
+inline void writeTriple(std::array<float, size>& ring, int index, int length, float value) noexcept
 {
     ring[static_cast<size_t>(index)] = value;
-    ring[static_cast<size_t>(index + 128)] = value;
-    ring[static_cast<size_t>(index + 256)] = value;
+    ring[static_cast<size_t>(index + length)] = value;
+    ring[static_cast<size_t>(index + 2 * length)] = value;
 }
 
 struct QualityLevel
@@ -123,6 +124,15 @@ void VelmarinCore::applySampleRate(const SampleRateContext& ctx)
     const auto w = static_cast<int>(z);
     readDelayWhole = w + 1;
     readDelayFraction = 1.0 - (z - w);
+
+    // A tick's first tap lies readDelayWhole + 17 - tapOffset samples behind the newest input, and
+    // "Ultra" (tapOffset -8) reaches deepest. The short ring serves every rate it can, so that its
+    // reads (those of the widest rows past the newest sample included) stay exactly as they are;
+    // the long one takes the rates beyond. The plug-in hands over no rate above 768 kHz, where the
+    // deepest tap lies 255 samples back; the bound below only keeps a wilder caller in memory.
+    const int deepestTap = readDelayWhole + 17 + 8;
+    ringLength = deepestTap < shortRingLength ? shortRingLength : longRingLength;
+    readDelayWhole = std::min(readDelayWhole, longRingLength - 1 - 17 - 8);
 }
 
 void VelmarinCore::reset(bool sampleRateChanged)
@@ -606,7 +616,7 @@ void VelmarinCore::meter(int channel, float output) noexcept
 
 void VelmarinCore::advanceRings() noexcept
 {
-    inputRingIndex = (inputRingIndex + 1) & 127;
+    inputRingIndex = (inputRingIndex + 1) & (ringLength - 1);
     outputRingIndex = (outputRingIndex + 1) & 63;
 }
 
@@ -715,9 +725,9 @@ void VelmarinCore::run(const float* inLeft, const float* inRight, float* outLeft
             const int ri = inputRingIndex;
             const int o = outputRingIndex;
             const auto ou = static_cast<size_t>(o);
-            writeTriple(dryRing[0], ri, left);
+            writeTriple(dryRing[0], ri, ringLength, left);
             if constexpr (stereo)
-                writeTriple(dryRing[1], ri, right);
+                writeTriple(dryRing[1], ri, ringLength, right);
 
             // Drive: preamp, M/S, crossfade, feedback, clipper around a bias of 0.15.
             const float g = bank1.current[0];
@@ -744,9 +754,9 @@ void VelmarinCore::run(const float* inLeft, const float* inRight, float* outLeft
             }
             p = clipLineInput(p) - 0.15f;
 
-            writeTriple(inputRing[0], ri, p);
+            writeTriple(inputRing[0], ri, ringLength, p);
             if constexpr (stereo)
-                writeTriple(inputRing[1], ri, pRight);
+                writeTriple(inputRing[1], ri, ringLength, pRight);
 
             // The line.
             stepRing[0][ou + 72] = 0.0f;
@@ -756,9 +766,9 @@ void VelmarinCore::run(const float* inLeft, const float* inRight, float* outLeft
                 stepRing[1][ou + 72] = 0.0f;
                 stepRing[1][ou + 8] = 0.0f;
             }
-            runTicks(0, stepLeft, ri + 128, o);
+            runTicks(0, stepLeft, ri + ringLength, o);
             if constexpr (stereo)
-                runTicks(1, stepRight, ri + 128, o);
+                runTicks(1, stepRight, ri + ringLength, o);
             float wetLeft = rawWet(0, o);
             float wetRight = stereo ? rawWet(1, o) : 0.0f;
 
@@ -812,7 +822,7 @@ void VelmarinCore::run(const float* inLeft, const float* inRight, float* outLeft
                 }
             }
 
-            const auto dryIndex = static_cast<size_t>(ri + 127);
+            const auto dryIndex = static_cast<size_t>(ri + ringLength - 1);
             outL = mix(0, wL, dryRing[0][dryIndex]) * bank4.current[2];
             if constexpr (stereo)
                 outR = mix(1, wR, dryRing[1][dryIndex]) * bank4.current[2];
@@ -845,13 +855,13 @@ void VelmarinCore::runBypassed(const float* inLeft, const float* inRight, float*
         const float right = stereo ? inRight[n] : 0.0f;
         stepSmoothers();
 
-        const auto dryIndex = static_cast<size_t>(inputRingIndex + 127);
-        writeTriple(dryRing[0], inputRingIndex, left);
+        const auto dryIndex = static_cast<size_t>(inputRingIndex + ringLength - 1);
+        writeTriple(dryRing[0], inputRingIndex, ringLength, left);
         outLeft[n] = dryRing[0][dryIndex];
         meter(0, 0.0f);
         if constexpr (stereo)
         {
-            writeTriple(dryRing[1], inputRingIndex, right);
+            writeTriple(dryRing[1], inputRingIndex, ringLength, right);
             outRight[n] = dryRing[1][dryIndex];
             meter(1, 0.0f);
         }

@@ -95,7 +95,12 @@ public:
     std::atomic<float> currentBbdFrequency { 0.0f };
 
 private:
-    static constexpr int inputRingSize = 384;   // 128 samples in three copies
+    // The input and dry rings keep their samples in three copies, so that no read needs a wrap. Up
+    // to about 365 kHz a ring holds 128 samples; above, the interpolator's read reaches further
+    // back than that and the ring holds 256 (enough for 768 kHz, the highest rate there is).
+    static constexpr int shortRingLength = 128;
+    static constexpr int longRingLength = 256;
+    static constexpr int inputRingSize = 3 * longRingLength;
     static constexpr int lineSize = 3072;
     static constexpr int outputRingSize = 200;  // 64 samples in two copies and 8 more
 
@@ -150,6 +155,7 @@ private:
     std::array<std::array<float, inputRingSize>, 2> inputRing {};
     std::array<std::array<float, inputRingSize>, 2> dryRing {};
     int inputRingIndex = 0;
+    int ringLength = shortRingLength;  // samples in each copy, set with the rate
     std::array<std::array<double, lineSize>, 2> line {};
     std::array<int, 2> lineIndex {};
     int stageCount = 256;

@@ -57,8 +57,8 @@ void BoolParameter::setTextGeneric(const juce::String& text, bool notify)
         setBool(true, notify);
     else if (text == "false" || text == "0" || text == "off" || text == "no")
         setBool(false, notify);
-    else
-        setNormalized(static_cast<float>(text.getDoubleValue()), notify);
+    else if (const auto v = finiteValueOf(text))
+        setNormalized(static_cast<float>(*v), notify);
 }
 
 void BoolParameter::setText(const juce::String& text, bool notify)

@@ -35,7 +35,8 @@ void EnumParameter::setText(const juce::String& text, bool notify)
             return;
         }
     }
-    setNormalized(static_cast<float>(text.getDoubleValue()), notify);
+    if (const auto v = finiteValueOf(text))
+        setNormalized(static_cast<float>(*v), notify);
 }
 
 void EnumParameter::setItems(const juce::String& text)

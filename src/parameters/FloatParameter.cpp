@@ -96,7 +96,8 @@ void FloatParameter::setBool(bool newValue, bool notify)
 
 void FloatParameter::setText(const juce::String& text, bool notify)
 {
-    setFloat(static_cast<float>(text.getDoubleValue()), notify);
+    if (const auto v = finiteValueOf(text))
+        setFloat(static_cast<float>(*v), notify);
 }
 
 void FloatParameter::copyFrom(const Parameter& other, bool notify)

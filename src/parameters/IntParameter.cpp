@@ -69,7 +69,8 @@ void IntParameter::setBool(bool newValue, bool notify)
 
 void IntParameter::setText(const juce::String& text, bool notify)
 {
-    store(clampToBounds(text.getIntValue()), notify);
+    if (finiteValueOf(text))
+        store(clampToBounds(text.getIntValue()), notify);
 }
 
 void IntParameter::copyFrom(const Parameter& other, bool notify)

@@ -66,6 +66,6 @@ void NoteParameter::setText(const juce::String& text, bool notify)
 {
     if (auto note = parseNoteName(text))
         setInt(*note, notify);
-    else
-        setNormalized(static_cast<float>(text.getDoubleValue()), notify);
+    else if (const auto v = finiteValueOf(text))
+        setNormalized(static_cast<float>(*v), notify);
 }

@@ -165,6 +165,14 @@ float Parameter::clamp01(float value) noexcept
     return value > 1.0f ? 1.0f : value;
 }
 
+std::optional<double> Parameter::finiteValueOf(const juce::String& text)
+{
+    const double v = text.getDoubleValue();
+    if (! std::isfinite(v))
+        return std::nullopt;
+    return v;
+}
+
 int Parameter::truncateToInt(double value) noexcept
 {
     if (std::isnan(value))

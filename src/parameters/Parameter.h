@@ -10,6 +10,7 @@
 #include <juce_events/juce_events.h>
 
 #include <atomic>
+#include <optional>
 
 class ParameterFormatter;
 
@@ -99,6 +100,10 @@ protected:
     static float clamp01(float value) noexcept;
     /** C++ truncation toward zero that is defined for every input: NaN gives 0, out of range saturates. */
     static int truncateToInt(double value) noexcept;
+    /** The text's double value ("abc" reads as 0), or nothing when that value is NaN or infinite.
+        A text setter that gets nothing keeps its value: a stored NaN would make every later write
+        of a number count as unchanged, so the value and what the engine hears would part. */
+    static std::optional<double> finiteValueOf(const juce::String& text);
 
 private:
     template <typename Call>

@@ -1,14 +1,20 @@
 #include "BasePlugin.h"
 
+#include "../parameters/BoolParameter.h"
 #include "../parameters/FloatParameter.h"
+#include "../parameters/IntParameter.h"
 #include "../parameters/PluginResources.h"
 #include "../parameters/StringParameter.h"
+#include "../parameters/ValueText.h"
 #include "../content/PresetsContent.h"
 #include "../content/XmlInput.h"
 #include "../content/SafeFile.h"
 #include "../engine/NonFiniteGuard.h"
 #include "FolderRule.h"
 #include "PluginAudioProcessor.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace
 {
@@ -368,7 +374,11 @@ void BasePlugin::prepareToPlay(double sampleRate, int newMaximumBlockSize)
     const int oldBlockSize = maximumBlockSize;
     maximumBlockSize = newMaximumBlockSize;
 
-    bool rateChanged = sampleRateContext.set(sampleRate);
+    // The engine is built for host rates from 8 kHz to 768 kHz; a host that asks for another rate
+    // (or for none that is a number) gets the nearest of those, never an engine outside its range.
+    const double engineRate =
+        std::isfinite(sampleRate) ? std::clamp(sampleRate, minimumSampleRate, maximumSampleRate) : 44100.0;
+    bool rateChanged = sampleRateContext.set(engineRate);
     if (! everPrepared)
         rateChanged = true;
     everPrepared = true;
@@ -407,7 +417,7 @@ void BasePlugin::processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer
     context.bypassed = bypassed;
 
     for (int ch = 0; ch < context.numInputChannels && ch < buffer.getNumChannels(); ++ch)
-        replaceNonFinite(buffer.getWritePointer(ch), buffer.getNumSamples());
+        guardInput(buffer.getWritePointer(ch), buffer.getNumSamples());
 
     // Flush-to-zero and denormals-are-zero for exactly the length of the block: the whole denormal
     // policy of the signal path.
@@ -690,10 +700,23 @@ float BasePlugin::getParameterValueForText(int hostIndex, const juce::String& te
         return 0.0f;
     auto* p = getHostParameter(hostIndex);
     if (p == nullptr)
-        return juce::jlimit(0.0f, 1.0f, text.getFloatValue());
+    {
+        const auto number = ValueText::parseNumber(text);
+        return number ? juce::jlimit(0.0f, 1.0f, static_cast<float>(*number)) : getParameter(hostIndex);
+    }
+    // The host shows display texts, so a typed text is read as one: "+6.0dB", "6 dB", "On", an item.
     auto scratch = makeScratchCopy(*p);
-    scratch->setText(text, false);
-    return scratch->getNormalized();
+    int steps = 0;
+    if (dynamic_cast<BoolParameter*>(p) != nullptr)
+        steps = 2;
+    else if (auto* ip = dynamic_cast<IntParameter*>(p))
+        steps = ip->getMaximum() - ip->getMinimum() + 1;
+    return ValueText::normalizedForDisplayText(text, p->getNormalized(), steps,
+                                               [&scratch](float n)
+                                               {
+                                                   scratch->setNormalized(n, false);
+                                                   return scratch->getDisplayText();
+                                               });
 }
 
 float BasePlugin::getParameterDefaultValue(int hostIndex)
@@ -824,9 +847,14 @@ void BasePlugin::readHostMapXml(const juce::XmlElement& root)
     hostMapChanges.sendChangeMessage();
 }
 
+bool BasePlugin::hasFixedHostList() const
+{
+    return processor != nullptr && processor->wrapperType == juce::AudioProcessor::wrapperType_LV2;
+}
+
 bool BasePlugin::loadHostMapFile(const juce::File& file)
 {
-    if (! file.existsAsFile())
+    if (hasFixedHostList() || ! file.existsAsFile())
         return false;
     const auto root = XmlInput::parse(file);
     if (root == nullptr)
@@ -837,7 +865,7 @@ bool BasePlugin::loadHostMapFile(const juce::File& file)
 
 void BasePlugin::loadHostMap()
 {
-    if (hostParameterMapDefault)
+    if (hostParameterMapDefault && ! hasFixedHostList())
     {
         loadHostMapFile(hostParameterMapFile);
         return;

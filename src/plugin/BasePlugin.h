@@ -38,6 +38,9 @@ public:
 
     static constexpr int maxHostParameters = 256;
     static constexpr int numPresetSlots = 16;
+    /** Host sample rates the engine runs at; prepare takes any other rate as the nearest of these. */
+    static constexpr double minimumSampleRate = 8000.0;
+    static constexpr double maximumSampleRate = 768000.0;
 
     /** Takes ownership of the manager, reads "parameters.xml" into it and adds the internal
         parameters and the built-in events. */
@@ -190,10 +193,13 @@ public:
     bool isHostMapFor(const juce::XmlElement* element);
     /** Replaces the host map from a document; a foreign document changes nothing. */
     void readHostMapXml(const juce::XmlElement& root);
-    /** False when the file gives no document; the map then stays as it was. */
+    /** True in formats whose parameter list is fixed when the plug-in is built (LV2 writes it into
+        its Turtle files): there the host list is always the default one and map files are refused. */
+    bool hasFixedHostList() const;
+    /** False when the file gives no document, or the host list is fixed; the map then stays as it was. */
     bool loadHostMapFile(const juce::File& file);
-    /** The map file of the settings when it is the default, else the built-in "default" map
-        resource when the product has one; otherwise the default map stands. */
+    /** The map file of the settings when it is the default (unless the host list is fixed), else the
+        built-in "default" map resource when the product has one; otherwise the default map stands. */
     void loadHostMap();
     /** Told when the host map changes (message thread, asynchronously). */
     juce::ChangeBroadcaster& getHostMapChanges() noexcept { return hostMapChanges; }

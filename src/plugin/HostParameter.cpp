@@ -5,11 +5,11 @@
 #include "BasePlugin.h"
 
 HostParameter::HostParameter(BasePlugin& owner, int index)
-    : plugin(owner), hostIndex(index)
+    : juce::AudioProcessorParameterWithID(idFor(index), idFor(index)), plugin(owner), hostIndex(index)
 {
 }
 
-juce::String HostParameter::getParameterID() const
+juce::String HostParameter::idFor(int hostIndex)
 {
     return "hostParam" + juce::String(hostIndex + 1);
 }

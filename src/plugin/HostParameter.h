@@ -7,13 +7,18 @@ class BasePlugin;
 /** One entry of the host's numbered parameter list. It holds no value of its own: every question
     goes through the plug-in's host map to the Parameter at that host index (or to the placeholder's
     stored value). Its id ("hostParam" + number from 1) and its position never change, so projects
-    that automate it stay valid. Thread: any, as the host calls. */
-class HostParameter : public juce::HostedAudioProcessorParameter
+    that automate it stay valid. The id is carried the way JUCE's format wrappers read it (they ask
+    only an AudioProcessorParameterWithID for its id and number every other parameter), so VST3
+    parameter ids and LV2 parameter URIs are made from it. The name given to the base is not used:
+    the name is looked up through the host map at each question. Thread: any, as the host calls. */
+class HostParameter : public juce::AudioProcessorParameterWithID
 {
 public:
     HostParameter(BasePlugin& plugin, int hostIndex);
 
-    juce::String getParameterID() const override;
+    /** "hostParam1" .. for host index 0 .. */
+    static juce::String idFor(int hostIndex);
+
     float getValue() const override;
     void setValue(float newValue) override;
     float getDefaultValue() const override;

@@ -111,10 +111,13 @@ void MarrowgateEffect::process(ProcessContext& context)
         flushRun(context.bypassed);
         while (midiQueue.peek(position) && position == p)
         {
-            const auto message = midiQueue.current().getMessage();
+            // Decided from the raw bytes: making a juce::MidiMessage of a long event (SysEx) would
+            // allocate on the audio thread. A Control Change of three bytes fits a message inline.
+            const auto& event = midiQueue.current();
+            const bool controller = event.numBytes == 3 && (event.data[0] & 0xf0) == 0xb0;
+            if (controller)
+                handleController(juce::MidiMessage(event.data[0], event.data[1], event.data[2], event.samplePosition));
             midiQueue.consume();
-            if (message.isController())
-                handleController(message);
         }
         ++pendingSamples;
         ++p;

@@ -41,8 +41,10 @@ TEST_F(HostParameters, HostIndexIIsParameterIWithItsNameDefaultAndFlags)
         EXPECT_TRUE(hostParameter(h).isAutomatable());
         EXPECT_FALSE(hostParameter(h).isMetaParameter());
         EXPECT_FLOAT_EQ(hostParameter(h).getDefaultValue(), parameter(h).getNormalized());
-        EXPECT_EQ(dynamic_cast<juce::HostedAudioProcessorParameter&>(hostParameter(h)).getParameterID(),
-                  "hostParam" + juce::String(h + 1));
+        // JUCE's format wrappers take an id only from this class; any other parameter is numbered.
+        auto* withId = dynamic_cast<juce::AudioProcessorParameterWithID*>(&hostParameter(h));
+        ASSERT_NE(withId, nullptr);
+        EXPECT_EQ(withId->paramID, "hostParam" + juce::String(h + 1));
     }
     EXPECT_EQ(plugin.getParameterName(27), "Output Volume");
     EXPECT_EQ(plugin.getParameterName(28), "");
@@ -91,9 +93,54 @@ TEST_F(HostParameters, TextsOfOtherValuesLeaveTheLiveParameterAlone)
     EXPECT_EQ(hostParameter(5).getText(0.0f, 100), "Off");
     EXPECT_EQ(hostParameter(19).getCurrentValueAsText(), "Mistress");
     EXPECT_FLOAT_EQ(hostParameter(19).getValueForText("Concave"), 1.0f);
-    EXPECT_FLOAT_EQ(hostParameter(26).getValueForText("0.3"), 0.3f);
     EXPECT_EQ(parameter(19).getNormalized(), before);
     EXPECT_TRUE(host.values.empty());
+}
+
+TEST_F(HostParameters, TypedTextsAreReadAsTheDisplayShowsThem)
+{
+    const auto read = [this](int h, const char* text) { return hostParameter(h).getValueForText(text); };
+    // Preamp shows 0..+24 dB; Output Volume a level with minus infinity at 0.
+    EXPECT_EQ(hostParameter(0).getText(read(0, "+6.0dB"), 100), "+6.0dB");
+    EXPECT_EQ(hostParameter(0).getText(read(0, "6 dB"), 100), "+6.0dB");
+    EXPECT_EQ(hostParameter(0).getText(read(0, "6"), 100), "+6.0dB");
+    EXPECT_EQ(hostParameter(0).getText(read(0, "99 dB"), 100), "+24.0dB") << "beyond the range: the nearest end";
+    EXPECT_EQ(hostParameter(27).getText(read(27, "-6.0dB"), 100), "-6.0dB");
+    EXPECT_EQ(read(27, "-inf"), 0.0f);
+    EXPECT_EQ(hostParameter(11).getText(read(11, "50%"), 100), "50%");
+    EXPECT_EQ(hostParameter(6).getText(read(6, "0.123Hz"), 100), "0.123Hz");
+    EXPECT_EQ(hostParameter(14).getText(read(14, "-100%"), 100), "-100%");
+    EXPECT_EQ(hostParameter(2).getText(read(2, "75/25%"), 100), "75/25%")
+        << "a display number that falls with the value";
+    EXPECT_EQ(read(20, "512"), 1.0f);
+    EXPECT_EQ(read(17, "dotted"), 2.0f / 3.0f) << "items ignore case";
+    EXPECT_EQ(read(5, "Off"), 0.0f);
+    EXPECT_EQ(read(5, "ON"), 1.0f);
+
+    // Text that reads as nothing keeps the value where it is, never 0 or 1.
+    parameter(0).setNormalized(0.375f, false);
+    for (const char* unreadable : {"", "abc", "Inactive", "nan"})
+        EXPECT_EQ(read(0, unreadable), 0.375f) << unreadable;
+    EXPECT_EQ(read(20, "17"), parameter(20).getNormalized()) << "17 is no length";
+    EXPECT_EQ(read(26, "0.3"), parameter(26).getNormalized()) << "\"Inactive\" shows no number to read";
+    EXPECT_TRUE(host.values.empty());
+}
+
+TEST_F(HostParameters, EveryDisplayTextReadsBackToItself)
+{
+    // Links and the auto mix mode off, so that no parameter shows "Inactive".
+    for (int index : {5, 10, 13, 16, 25})
+        parameter(index).setBool(false, false);
+    for (int h = 0; h < 28; ++h)
+    {
+        for (int i = 0; i < 200; ++i)
+        {
+            const float value = static_cast<float>(i) / 199.0f;
+            const auto text = hostParameter(h).getText(value, 100);
+            const float read = hostParameter(h).getValueForText(text);
+            ASSERT_EQ(hostParameter(h).getText(read, 100), text) << parameter(h).getName() << " at " << value;
+        }
+    }
 }
 
 TEST_F(HostParameters, PlaceholderKeepsTheHostsValueAndShowsEightDecimals)
@@ -171,6 +218,16 @@ TEST(HostParameterMapSettings, TheSettingsMapFileReplacesTheDefaultMapAtStartUp)
         EXPECT_EQ(p.getParameters()[27]->getName(100), "Preamp");
         EXPECT_EQ(p.getParameters()[0]->getName(100), "Parameter 1");
     }
+    // An LV2 bundle's parameter list is written at build time: there the default list stands.
+    juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_LV2);
+    {
+        PluginAudioProcessor lv2;
+        EXPECT_EQ(lv2.getParameters()[27]->getName(100), "Output Volume");
+        EXPECT_EQ(lv2.getParameters()[0]->getName(100), "Preamp");
+        EXPECT_FALSE(lv2.getPlugin().loadHostMapFile(mapFile));
+        EXPECT_EQ(lv2.getParameters()[27]->getName(100), "Output Volume");
+    }
+    juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_Undefined);
     FolderRule::setOverride({}, {});
     user.deleteRecursively();
 }

@@ -239,3 +239,28 @@ TEST(PluginObject, NonFiniteInputIsSilencedBeforeTheEngineAndNeverPoisonsIt)
             }
     }
 }
+
+TEST(PluginObject, InputNearTheFloatMaximumLeavesTheOutputFiniteAndAlive)
+{
+    // A tenth of a second of input near 3e38 would overflow the input filters; afterwards the
+    // instance must still answer ordinary input with finite, audible output.
+    PluginAudioProcessor p;
+    p.prepareToPlay(44100.0, 441);
+    juce::Random random(5);
+    float lastPeak = 0.0f;
+    for (int block = 0; block < 100; ++block)
+    {
+        juce::AudioBuffer<float> buffer(2, 441);
+        for (int ch = 0; ch < 2; ++ch)
+            for (int i = 0; i < 441; ++i)
+                buffer.setSample(ch, i, (random.nextFloat() * 2.0f - 1.0f) * (block < 10 ? 3.0e38f : 0.25f));
+        juce::MidiBuffer midi;
+        p.processBlock(buffer, midi);
+        for (int ch = 0; ch < 2; ++ch)
+            for (int i = 0; i < 441; ++i)
+                ASSERT_TRUE(std::isfinite(buffer.getSample(ch, i))) << "block " << block << " sample " << i;
+        lastPeak = buffer.getMagnitude(0, 441);
+    }
+    EXPECT_GT(lastPeak, 0.01f);
+    EXPECT_LT(lastPeak, 4.0f);
+}

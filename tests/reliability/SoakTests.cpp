@@ -1,8 +1,9 @@
 // A long run of one stereo instance driven as a host drives it: random automation of every host
 // parameter (some of it inside gestures), blocks of 0 to 8192 samples whatever size was prepared,
 // new sample rates between prepares, bypassed stretches, real-time and offline turns, quality
-// changes, controllers in the MIDI buffer, and input with bursts of NaN, infinities and values up
-// to 1e6. Every output sample must be finite and bounded, and processBlock must not touch the heap.
+// changes, controllers and SysEx in the MIDI buffer, and input with bursts of NaN, infinities and
+// finite values up to the float maximum (whole blocks of them too). Every output sample must be
+// finite and bounded, and processBlock must not touch the heap.
 //
 // Run length: VELMARIN_SOAK_SECONDS seconds of audio (default 120). One line per minute of audio
 // gives blocks and the CPU time per sample, median and maximum, so a script can see that the cost
@@ -23,8 +24,8 @@
 namespace
 {
 constexpr int maxBlockSize = 8192;
-const double sampleRates[] = { 22050.0, 24000.0, 32000.0, 44100.0, 48000.0, 88200.0, 96000.0,
-                               176400.0, 192000.0, 22051.0, 37800.0, 44099.5, 61379.0, 191999.0 };
+const double sampleRates[] = { 8000.0,   11025.0, 22050.0, 24000.0, 32000.0, 44100.0, 48000.0,  88200.0,  96000.0,
+                               176400.0, 192000.0, 22051.0, 37800.0, 44099.5, 61379.0, 191999.0, 384000.0, 768000.0 };
 const char* const qualities[] = { "Draft", "Normal", "High", "Ultra" };
 
 double threadCpuNanoseconds()
@@ -127,7 +128,7 @@ public:
         if (numSamples > 0 && random.nextInt(10) == 0)
         {
             const float specials[] = { std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
-                                       -std::numeric_limits<float>::infinity(), 1e6f, -1e6f };
+                                       -std::numeric_limits<float>::infinity(), 1e6f, -3e38f };
             for (int burst = 1 + random.nextInt(32); --burst >= 0;)
             {
                 const int ch = random.nextInt(2), at = random.nextInt(numSamples);
@@ -136,9 +137,13 @@ public:
             }
         }
         if (numSamples > 0 && random.nextInt(50) == 0)
+        {
+            // A whole block of huge values: up to 1e6, or near the float maximum.
+            const float scale = random.nextBool() ? 1e6f : 3e38f;
             for (int ch = 0; ch < 2; ++ch)
                 for (int i = 0; i < numSamples; ++i)
-                    buffer.setSample(ch, i, (random.nextFloat() * 2.0f - 1.0f) * 1e6f);
+                    buffer.setSample(ch, i, (random.nextFloat() * 2.0f - 1.0f) * scale);
+        }
     }
 
 private:
@@ -265,8 +270,17 @@ TEST(Soak, HostDrivenInstanceStaysFiniteBoundedAndOffTheHeap)
                               position);
             else if (kind == 8)
                 midi.addEvent(juce::MidiMessage::controllerEvent(1, random.nextInt(128), random.nextInt(128)), position);
-            else
+            else if (random.nextBool())
                 midi.addEvent(juce::MidiMessage::noteOn(1, 60, 0.5f), position);
+            else
+            {
+                // SysEx longer than a message keeps inline: it must pass without a heap call.
+                std::uint8_t sysex[96];
+                const int length = 9 + random.nextInt(static_cast<int>(sizeof sysex) - 9);
+                for (int i = 0; i < length; ++i)
+                    sysex[i] = static_cast<std::uint8_t>(random.nextInt(128));
+                midi.addEvent(juce::MidiMessage::createSysExMessage(sysex, length), position);
+            }
         }
         const float blockPeak = peakOfFiniteInput(buffer, numSamples);
 
