@@ -56,7 +56,7 @@ TEST(RenderOptions, RefusesBadUsageWithOneClearLine)
 {
     const std::vector<std::vector<const char*>> bad = {
         { "--block", "0" },       { "--block", "65537" },   { "--block", "12x" },   { "--rate", "7999" },
-        { "--rate", "192001" },   { "--layout", "2-1" },    { "--quality", "best" }, { "--cc", "10:7" },
+        { "--rate", "768001" },   { "--layout", "2-1" },    { "--quality", "best" }, { "--cc", "10:7" },
         { "--cc", "10:128:1" },   { "--cc", "-1:7:1" },     { "--set", "NoEquals" }, { "--tempo", "0" },
         { "--frobnicate" },       { "--out" },
     };
@@ -116,6 +116,23 @@ TEST_F(RenderTool, WritesFloatWavAtTheInputRateWithTheLayoutsChannels)
     EXPECT_EQ(reader->lengthInSamples, 36000);
 }
 
+TEST_F(RenderTool, RendersAtTheLowestAndHighestHostRates)
+{
+    for (const char* rate : { "8000", "768000" })
+    {
+        const auto r = render({ "--rate", rate, "--seconds", "0.1", "--quality", "Ultra", "--out", outPath().toRawUTF8() });
+        ASSERT_EQ(r.status, 0) << r.error;
+        auto reader = openWav(outFile.getFile());
+        ASSERT_NE(reader, nullptr);
+        EXPECT_EQ(reader->sampleRate, juce::String(rate).getDoubleValue());
+        juce::AudioBuffer<float> audio(2, static_cast<int>(reader->lengthInSamples));
+        reader->read(&audio, 0, audio.getNumSamples(), 0, true, true);
+        const float peak = audio.getMagnitude(0, audio.getNumSamples());
+        EXPECT_TRUE(std::isfinite(peak)) << rate;
+        EXPECT_LT(peak, 4.0f) << rate;
+    }
+}
+
 TEST_F(RenderTool, RendersTheSameWhateverTheBlockSize)
 {
     juce::TemporaryFile other(".wav");
@@ -136,6 +153,16 @@ TEST_F(RenderTool, BadInputExitsTwoAndLeavesAnExistingOutputAlone)
     const auto unknown = render({ "--set", "No Such Knob=1", "--out", outPath().toRawUTF8() });
     EXPECT_EQ(unknown.status, 2);
     EXPECT_TRUE(unknown.error.contains("No Such Knob"));
+
+    // Texts a parameter's text form would read as something else than was meant.
+    for (const char* set : { "BBD Length=17", "Feedback L/M=abc", "LFO Sync=On", "Preamp=nan", "Preamp=1.5",
+                             "Delay Offset Link=maybe" })
+    {
+        const auto refused = render({ "--set", set, "--out", outPath().toRawUTF8() });
+        EXPECT_EQ(refused.status, 2) << set;
+        EXPECT_TRUE(refused.error.contains("is not a value of")) << set << ": " << refused.error;
+        EXPECT_FALSE(refused.error.containsChar('\n'));
+    }
 
     const auto broken = render({ "--in", notAudio.getFile().getFullPathName().toRawUTF8(), "--out", outPath().toRawUTF8() });
     EXPECT_EQ(broken.status, 2);

@@ -149,8 +149,8 @@ int RenderJob::run()
             return fail("cannot read input file " + options.inputFile.getFullPathName() + ": not a WAV, AIFF or FLAC file");
         if (reader->numChannels < 1 || reader->numChannels > 2)
             return fail("input file has " + juce::String(reader->numChannels) + " channels; 1 or 2 are supported");
-        if (reader->sampleRate < 8000.0 || reader->sampleRate > 192000.0)
-            return fail("input file's rate " + juce::String(reader->sampleRate) + " Hz is outside 8000..192000");
+        if (reader->sampleRate < BasePlugin::minimumSampleRate || reader->sampleRate > BasePlugin::maximumSampleRate)
+            return fail("input file's rate " + juce::String(reader->sampleRate) + " Hz is outside 8000..768000");
         if (reader->lengthInSamples > std::numeric_limits<int>::max())
             return fail("input file is too long");
         rate = reader->sampleRate;

@@ -1,5 +1,7 @@
 #include "RenderOptions.h"
 
+#include "plugin/BasePlugin.h"
+
 #include <cmath>
 
 namespace
@@ -28,10 +30,10 @@ juce::String renderUsage()
     return "Usage: velmarin-render [--in FILE] [--out FILE] [options]\n"
            "Renders audio through the Velmarin plug-in, as a host would.\n"
            "\n"
-           "  --in FILE              input audio (WAV, AIFF or FLAC, 1 or 2 channels, 8000..192000 Hz);\n"
+           "  --in FILE              input audio (WAV, AIFF or FLAC, 1 or 2 channels, 8000..768000 Hz);\n"
            "                         without it a built-in stereo demo phrase is used\n"
            "  --out FILE             output: 32-bit float WAV at the input's rate\n"
-           "  --rate HZ              rate of the demo signal, 8000..192000 (default 44100)\n"
+           "  --rate HZ              rate of the demo signal, 8000..768000 (default 44100)\n"
            "  --seconds S            length of the demo signal (default 4)\n"
            "  --layout L             2-2, 1-2 or 1-1 (default 2-2 for stereo input, 1-1 for mono)\n"
            "  --block N              host block size, 1..65536 (default 512)\n"
@@ -115,8 +117,8 @@ ParseResult parseRenderOptions(const juce::StringArray& args)
         else if (arg == "--preset") o.preset = v;
         else if (arg == "--rate")
         {
-            if (! parseNumber(v, o.rate) || o.rate < 8000.0 || o.rate > 192000.0)
-                return fail("--rate must be a number from 8000 to 192000, not '" + v + "'");
+            if (! parseNumber(v, o.rate) || o.rate < BasePlugin::minimumSampleRate || o.rate > BasePlugin::maximumSampleRate)
+                return fail("--rate must be a number from 8000 to 768000, not '" + v + "'");
         }
         else if (arg == "--seconds")
         {
