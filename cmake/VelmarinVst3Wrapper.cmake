@@ -8,9 +8,8 @@
 # own hosting code does) then saves a state without the value it shows. The correction forwards a
 # write equal to the copy as well; the wrapper's own check against the plug-in's current value
 # keeps it from doing anything when nothing changed.
-#
-# The copy is made at configure time from the installed module. When the expected code is not
-# found (another JUCE version), configuration stops rather than building an unchecked wrapper.
+
+include(${CMAKE_CURRENT_LIST_DIR}/VelmarinJuceClientCopy.cmake)
 
 set(_velmarin_client "${JUCE_MODULES_DIR}/juce_audio_plugin_client")
 set(_velmarin_patched "${CMAKE_BINARY_DIR}/juce-vst3-client")
@@ -41,24 +40,11 @@ set(_velmarin_after [=[
 
             return false;]=])
 
-string(FIND "${_velmarin_wrapper}" "${_velmarin_before}" _velmarin_at)
-if(_velmarin_at EQUAL -1)
-  message(FATAL_ERROR "The VST3 wrapper in ${_velmarin_client} is not the one the correction in "
-                      "cmake/VelmarinVst3Wrapper.cmake was written for")
-endif()
-string(REPLACE "${_velmarin_before}" "${_velmarin_after}" _velmarin_wrapper "${_velmarin_wrapper}")
+velmarin_correct_or_stop(_velmarin_wrapper "${_velmarin_before}" "${_velmarin_after}"
+                         "The VST3 wrapper in ${_velmarin_client}")
 # The copy lives elsewhere: its includes of the module's own helpers must name the module's folder.
 string(REPLACE "#include \"../utility/" "#include \"${_velmarin_client}/utility/"
        _velmarin_wrapper "${_velmarin_wrapper}")
 
-file(CONFIGURE OUTPUT "${_velmarin_patched}/juce_VST3_Wrapper.cpp" CONTENT "${_velmarin_wrapper}" @ONLY)
-file(CONFIGURE OUTPUT "${_velmarin_patched}/juce_audio_plugin_client_VST3.cpp"
-     CONTENT "#include \"juce_VST3_Wrapper.cpp\"\n" @ONLY)
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
-             "${_velmarin_client}/VST3/juce_VST3_Wrapper.cpp")
-
-# The plug-in's VST3 target compiles the sources of this interface library: swap the wrapper.
-get_target_property(_velmarin_sources juce_audio_plugin_client_VST3 INTERFACE_SOURCES)
-list(TRANSFORM _velmarin_sources REPLACE ".*/juce_audio_plugin_client_VST3\\.cpp$"
-     "${_velmarin_patched}/juce_audio_plugin_client_VST3.cpp")
-set_target_properties(juce_audio_plugin_client_VST3 PROPERTIES INTERFACE_SOURCES "${_velmarin_sources}")
+velmarin_use_client_copy(VST3 "${_velmarin_patched}" juce_VST3_Wrapper.cpp "${_velmarin_wrapper}"
+                         "${_velmarin_client}/VST3/juce_VST3_Wrapper.cpp")
