@@ -143,4 +143,35 @@ printf 'Type:Chorus;Type:Flanger' >"$corpus/tags/twice.txt"
 printf 'Loose|Tags;;:Empty|;Name:;a:b:c|d' >"$corpus/tags/odd.txt"
 printf ';;|;:' >"$corpus/tags/separators.txt"
 
+# Documents nested just past the deepest nesting the reader accepts (256 levels), for every target
+# that reads XML, and one preset whose comment and CDATA section hold markup characters.
+python3 - "$corpus" <<'PY'
+import sys, struct, zipfile, io, pathlib
+corpus = pathlib.Path(sys.argv[1])
+def nest(outer, inner=b""):
+    # outer: list of (open, close) around 257 levels in all
+    levels = 257 - len(outer)
+    text = b"<a>" * levels + inner + b"</a>" * levels
+    for o, c in reversed(outer):
+        text = o + text + c
+    return text
+preset = nest([(b'<Preset version="1.0">', b"</Preset>"), (b"<Parameters>", b"</Parameters>")], b'<param name="Preamp" value="0.5"/>')
+(corpus / "preset" / "nested-too-deep.vmprs2").write_bytes(preset)
+(corpus / "preset" / "markup-in-comment.vmprs2").write_bytes(
+    b'<?xml version="1.0"?>\n<!-- Bass & Drums <? -->\n<Preset author="A &amp; B"><!-- & <?x --><Parameters>'
+    b'<![CDATA[ & <? <!DOCTYPE ]]><param name="Preamp" value="0.25"/><?keep going?> </Parameters></Preset>')
+state = nest([(b'<PluginState application="Velmarin">', b"</PluginState>"), (b"<ParametersState>", b"</ParametersState>"),
+              (b'<Preset name="Deep">', b"</Preset>")])
+(corpus / "state_chunk" / "nested-too-deep.bin").write_bytes(struct.pack("<II", 0x21324356, len(state) + 1) + state + b"\0")
+(corpus / "parameters" / "nested-too-deep.xml").write_bytes(nest([(b'<PluginParameters application="Velmarin">', b"</PluginParameters>")]))
+(corpus / "midi_map" / "nested-too-deep.vmccmap").write_bytes(nest([(b'<MidiControlMap name="Velmarin">', b"</MidiControlMap>")], b'<assign CC="7" param="Output Volume"/>'))
+(corpus / "host_map" / "nested-too-deep.vmhpmap").write_bytes(nest([(b'<HostParametersMap name="Velmarin">', b"</HostParametersMap>")]))
+(corpus / "settings" / "nested-too-deep.ini").write_bytes(nest([(b'<UserSettings application="Velmarin">', b"</UserSettings>")]))
+inner = io.BytesIO()
+with zipfile.ZipFile(inner, "w") as z:
+    z.writestr("__desc__", nest([(b'<Description product="Velmarin" name="Deep">', b"</Description>")]))
+    z.writestr("Deep.vmprs2", preset)
+(corpus / "package" / "nested-too-deep.bin").write_bytes(b"\1" + inner.getvalue())
+PY
+
 find "$corpus" -type f | wc -l
