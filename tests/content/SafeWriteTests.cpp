@@ -6,6 +6,7 @@
 #include "content/Preset.h"
 #include "content/PresetsContent.h"
 #include "content/SafeFile.h"
+#include "content/SafeFileBatch.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
 #include "plugin/PluginAudioProcessor.h"
@@ -14,6 +15,12 @@
 
 #include <csignal>
 #include <functional>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
 
 #include <sys/resource.h>
 
@@ -39,7 +46,7 @@ public:
     }
 
 private:
-    rlimit previous {};
+    rlimit previous{};
     void (*previousHandler)(int) = nullptr;
 };
 
@@ -85,13 +92,15 @@ protected:
         return names.joinIntoString("|");
     }
 
-    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("safe-write", {}, false);
+    juce::File user =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("safe-write", {}, false);
 };
 } // namespace
 
 TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
 {
-    const juce::String previousPreset = R"(<Preset tags="Type:Jet"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
+    const juce::String previousPreset =
+        R"(<Preset tags="Type:Jet"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
     auto processor = std::make_unique<PluginAudioProcessor>();
     auto& plugin = processor->getPlugin();
     auto& manager = plugin.getParameterManager();
@@ -101,8 +110,9 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     plugin.storeToPreset(preset, 0);
     const auto presetFile = presets.getChildFile("Jet.vmprs2");
     expectWholeOrNothing(presetFile, previousPreset, [&] { return preset.saveToFile(presetFile, manager); });
-    expectWholeOrNothing(presetFile, previousPreset,
-                         [&] { return Preset::writeTagsToFile(presetFile, ContentTags::fromText("Type:Chorus;Modulation:Slow")); });
+    expectWholeOrNothing(
+        presetFile, previousPreset,
+        [&] { return Preset::writeTagsToFile(presetFile, ContentTags::fromText("Type:Chorus;Modulation:Slow")); });
 
     const auto mapFile = user.getChildFile("Maps/Mine.vmccmap");
     plugin.getMidiMap().assign(manager.getParameter(juce::String("FX Amount")), 12);
@@ -118,7 +128,7 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     EXPECT_FALSE(presets.getChildFile("Imported.vmprs2").exists());
     EXPECT_EQ(plugin.getUserStore()->getItems().size(), itemsBefore);
 
-    PackageBuilder builder(PackageDescription {});
+    PackageBuilder builder(PackageDescription{});
     builder.addEntry("Jet.vmprs2", juce::MemoryBlock(previousPreset.toRawUTF8(), previousPreset.getNumBytesAsUTF8()));
     juce::String publicKey, privateKey;
     PackageBuilder::createKeyPair(512, publicKey, privateKey);
@@ -132,7 +142,10 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     const auto previousSettings = settings.loadFileAsString();
     ASSERT_TRUE(previousSettings.contains("UserSettings"));
     processor = std::make_unique<PluginAudioProcessor>();
-    processor->getPlugin().getParameterManager().getParameter(juce::String("Real-time Processing Quality"))->setText("Ultra", true);
+    processor->getPlugin()
+        .getParameterManager()
+        .getParameter(juce::String("Real-time Processing Quality"))
+        ->setText("Ultra", true);
     {
         const FileSizeLimit limit(16);
         processor.reset();
@@ -143,4 +156,98 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     ASSERT_TRUE(SafeFile::writeText(mapFile, "new"));
     EXPECT_EQ(mapFile.loadFileAsString(), "new");
     EXPECT_FALSE(SafeFile::writeText(user, "a folder is not a file"));
+}
+
+TEST_F(SafeWrite, ALinkIsWrittenThroughAndStaysALink)
+{
+    const auto real = user.getChildFile("real/Velmarin.ini");
+    ASSERT_TRUE(real.getParentDirectory().createDirectory());
+    ASSERT_TRUE(real.replaceWithText("old"));
+    const auto relativeLink = user.getChildFile("relative.ini");
+    const auto chained = user.getChildFile("chained.ini");
+    ASSERT_EQ(::symlink("real/Velmarin.ini", relativeLink.getFullPathName().toRawUTF8()), 0);
+    ASSERT_EQ(::symlink(relativeLink.getFullPathName().toRawUTF8(), chained.getFullPathName().toRawUTF8()), 0);
+
+    ASSERT_TRUE(SafeFile::writeText(chained, "through two links"));
+    EXPECT_TRUE(chained.isSymbolicLink());
+    EXPECT_TRUE(relativeLink.isSymbolicLink());
+    EXPECT_EQ(real.loadFileAsString(), "through two links");
+    EXPECT_EQ(listing(real.getParentDirectory()), "Velmarin.ini") << "no temporary file is left behind";
+
+    // A link to a file not made yet makes that file.
+    const auto dangling = user.getChildFile("dangling.ini");
+    ASSERT_EQ(::symlink("real/new.ini", dangling.getFullPathName().toRawUTF8()), 0);
+    ASSERT_TRUE(SafeFile::writeText(dangling, "new"));
+    EXPECT_TRUE(dangling.isSymbolicLink());
+    EXPECT_EQ(user.getChildFile("real/new.ini").loadFileAsString(), "new");
+}
+
+TEST_F(SafeWrite, AFifoIsWrittenInPlaceAndNeverReplaced)
+{
+    const auto fifo = user.getChildFile("pipe");
+    ASSERT_EQ(::mkfifo(fifo.getFullPathName().toRawUTF8(), 0600), 0);
+    std::string received;
+    std::thread reader(
+        [&]
+        {
+            const int fd = ::open(fifo.getFullPathName().toRawUTF8(), O_RDONLY);
+            char buffer[256];
+            for (ssize_t n; fd >= 0 && (n = ::read(fd, buffer, sizeof(buffer))) > 0;)
+                received.append(buffer, static_cast<size_t>(n));
+            ::close(fd);
+        });
+    const bool written = SafeFile::writeText(fifo, "down the pipe");
+    reader.join();
+    EXPECT_TRUE(written);
+    EXPECT_EQ(received, "down the pipe");
+    struct stat info
+    {
+    };
+    ASSERT_EQ(::lstat(fifo.getFullPathName().toRawUTF8(), &info), 0);
+    EXPECT_TRUE(S_ISFIFO(info.st_mode));
+    EXPECT_EQ(listing(user), "pipe");
+}
+
+TEST_F(SafeWrite, ADeviceNodeIsWrittenInPlaceAndNeverReplaced)
+{
+    const auto device = user.getChildFile("null");
+    if (::mknod(device.getFullPathName().toRawUTF8(), S_IFCHR | 0666, makedev(1, 3)) != 0)
+        GTEST_SKIP() << "mknod is not permitted here";
+    const int probe = ::open(device.getFullPathName().toRawUTF8(), O_WRONLY);
+    if (probe < 0)
+        GTEST_SKIP() << "the device cannot be opened here";
+    ::close(probe);
+
+    EXPECT_TRUE(SafeFile::writeText(device, "into the void"));
+    struct stat info
+    {
+    };
+    ASSERT_EQ(::lstat(device.getFullPathName().toRawUTF8(), &info), 0);
+    EXPECT_TRUE(S_ISCHR(info.st_mode));
+    EXPECT_EQ(info.st_rdev, makedev(1, 3));
+    EXPECT_EQ(listing(user), "null");
+}
+
+TEST_F(SafeWrite, ABatchPutsNothingInPlaceUntilItCommits)
+{
+    const auto first = user.getChildFile("first.txt");
+    const auto second = user.getChildFile("second.txt");
+    ASSERT_TRUE(first.replaceWithText("old first"));
+    {
+        SafeFileBatch batch;
+        ASSERT_TRUE(batch.add(first, juce::MemoryBlock("new first", 9)));
+        EXPECT_FALSE(batch.add(user, juce::MemoryBlock("a folder", 8)));
+        // The batch is abandoned, as a run that fails later abandons its outputs.
+    }
+    EXPECT_EQ(first.loadFileAsString(), "old first");
+    EXPECT_EQ(listing(user), "first.txt");
+
+    SafeFileBatch batch;
+    ASSERT_TRUE(batch.add(first, juce::MemoryBlock("new first", 9)));
+    ASSERT_TRUE(batch.add(second, juce::MemoryBlock("new second", 10)));
+    EXPECT_FALSE(second.exists());
+    ASSERT_TRUE(batch.commit());
+    EXPECT_EQ(first.loadFileAsString(), "new first");
+    EXPECT_EQ(second.loadFileAsString(), "new second");
+    EXPECT_EQ(listing(user), "first.txt|second.txt");
 }
