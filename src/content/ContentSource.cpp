@@ -1,11 +1,9 @@
 #include "ContentSource.h"
 
 #include "SafeFile.h"
+#include "XmlInput.h"
 
-ContentSource::ContentSource(const juce::String& storeName)
-    : name(storeName)
-{
-}
+ContentSource::ContentSource(const juce::String& storeName) : name(storeName) {}
 
 juce::File ContentSource::getItemFile(const juce::String&) const
 {
@@ -20,8 +18,18 @@ ContentItem* ContentSource::makeItem(const juce::String& itemName, TagRegistry* 
     return new ContentItem(this, itemName, tags, ids);
 }
 
+bool ContentSource::isStorableName(const juce::String& itemName)
+{
+    // A name becomes a file name: nothing that reaches another folder, no hidden file. A NUL
+    // cannot reach here: a juce::String ends at its first one.
+    return itemName.isNotEmpty() && ! itemName.containsChar('/') && ! itemName.startsWithChar('.');
+}
+
 ContentItem* ContentSource::find(const juce::String& itemName) const
 {
+    for (auto* item : items)
+        if (item->name == itemName)
+            return item;
     for (auto* item : items)
         if (item->name.equalsIgnoreCase(itemName))
             return item;
@@ -40,8 +48,8 @@ juce::String ContentSource::uniqueName(const juce::String& itemName) const
     }
     const auto now = juce::Time::getCurrentTime();
     const int hour = now.getHours() % 12 == 0 ? 12 : now.getHours() % 12;
-    const auto time = juce::String(hour) + ":" + juce::String(now.getMinutes()).paddedLeft('0', 2) + ":"
-                    + juce::String(now.getSeconds()).paddedLeft('0', 2) + (now.getHours() < 12 ? "am" : "pm");
+    const auto time = juce::String(hour) + ":" + juce::String(now.getMinutes()).paddedLeft('0', 2) + ":" +
+                      juce::String(now.getSeconds()).paddedLeft('0', 2) + (now.getHours() < 12 ? "am" : "pm");
     return itemName + " - Copy (" + time + ")";
 }
 
@@ -66,10 +74,9 @@ ContentItem* ContentSource::importItem(juce::InputStream& stream, const juce::St
     if (file == juce::File() || file.existsAsFile())
         return nullptr;
 
-    // The stream's bytes as they are, whole or not at all.
+    // The stream's bytes as they are, whole or not at all, no more than any document may hold.
     juce::MemoryBlock bytes;
-    stream.readIntoMemoryBlock(bytes);
-    if (! SafeFile::write(file, bytes))
+    if (! XmlInput::readAtMost(stream, XmlInput::maximumDocumentBytes, bytes) || ! SafeFile::write(file, bytes))
         return nullptr;
 
     const auto tags = readItemTags(itemName);

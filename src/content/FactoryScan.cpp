@@ -10,10 +10,13 @@ void scanContentStores(BasePlugin& plugin, TagRegistry& registry, juce::OwnedArr
     const auto folder = plugin.getDirectory("AppData").getChildFile("Presets");
     if (folder.isDirectory())
     {
-        for (const auto& entry : juce::RangedDirectoryIterator(folder, false, "*Factory*.q41pkg", juce::File::findFiles))
+        for (const auto& entry :
+             juce::RangedDirectoryIterator(folder, false, "*Factory*.q41pkg", juce::File::findFiles))
         {
-            auto* store = packages.add(new PresetsPackageContent<Preset>("Factory", plugin, 0, entry.getFile(),
-                                                                         plugin.getPresetFileExtension(), getProductPackageKey()));
+            if (entry.getFile().getFileName().startsWithChar('.'))
+                continue; // hidden, such as a package being written
+            auto* store = packages.add(new PresetsPackageContent<Preset>(
+                "Factory", plugin, 0, entry.getFile(), plugin.getPresetFileExtension(), getProductPackageKey()));
             store->attach(&registry);
             stores.add(store);
         }

@@ -10,8 +10,7 @@
 class BasePlugin;
 
 /** A store of presets of type P (a Preset or a product's subclass) for one plug-in slot. */
-template <class P>
-class PresetsContent : public ContentSource
+template <class P> class PresetsContent : public ContentSource
 {
 public:
     PresetsContent(const juce::String& storeName, BasePlugin& owner, int presetSlot);
@@ -21,7 +20,7 @@ public:
     /** A new preset read from the store, or null. */
     virtual std::unique_ptr<P> readPreset(const juce::String& itemName, bool headerOnly) = 0;
     /** Fills in what the store knows and the preset lacks; nothing here. */
-    virtual void completePreset(P& preset) { (void) preset; }
+    virtual void completePreset(P& preset) { (void)preset; }
 
 protected:
     BasePlugin& plugin;
@@ -29,8 +28,7 @@ protected:
 };
 
 /** The user's folder of preset files: every "*<extension>" file is an item named after it. */
-template <class P>
-class PresetsDirectoryContent : public PresetsContent<P>
+template <class P> class PresetsDirectoryContent : public PresetsContent<P>
 {
 public:
     PresetsDirectoryContent(const juce::String& storeName, BasePlugin& owner, int presetSlot, const juce::File& folder,
@@ -38,12 +36,14 @@ public:
 
     bool isReadOnly() const override { return false; }
     bool canCreateItems() const override { return true; }
-    /** The folder's child named after the item with the preset extension ("A.B" gives "A.vmprs2"). */
+    /** The folder's child named after the item with the preset extension ("A.B" gives "A.vmprs2");
+        an empty file for a name that is not storable, so nothing is made, moved or deleted. */
     juce::File getItemFile(const juce::String& itemName) const override;
     void collectTags(ContentTags& out) override;
     void loadItems(juce::OwnedArray<ContentItem>& out, TagRegistry* tagRegistry) override;
     bool deleteStoredItem(const juce::String& itemName) override;
-    /** Moves the file; a change of letter case only is allowed, any other existing name is not. */
+    /** Moves the file; a change of letter case only is allowed, any other existing file at the new
+        name is not (another file that differs only in case included). */
     bool renameStoredItem(const juce::String& oldName, const juce::String& newName) override;
     bool writeItemTags(const juce::String& itemName, const ContentTags& tags) override;
     /** Writes the plug-in's present values as a new preset (version "1.0", the given tags). */
@@ -62,12 +62,11 @@ private:
 };
 
 /** A signed package: read once at construction (headers only), served from memory afterwards. */
-template <class P>
-class PresetsPackageContent : public PresetsContent<P>
+template <class P> class PresetsPackageContent : public PresetsContent<P>
 {
 public:
-    PresetsPackageContent(const juce::String& storeName, BasePlugin& owner, int presetSlot, const juce::File& packageFile,
-                          const juce::String& extension, const juce::String& publicKey);
+    PresetsPackageContent(const juce::String& storeName, BasePlugin& owner, int presetSlot,
+                          const juce::File& packageFile, const juce::String& extension, const juce::String& publicKey);
 
     void collectTags(ContentTags& out) override { out = unionOfTags; }
     void loadItems(juce::OwnedArray<ContentItem>& out, TagRegistry* tagRegistry) override;

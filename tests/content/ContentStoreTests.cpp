@@ -2,6 +2,7 @@
 // loading into the plug-in, and packages refused for every kind of damage.
 #include "content/PackageBuilder.h"
 #include "content/PresetsContent.h"
+#include "content/XmlInput.h"
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
@@ -41,7 +42,8 @@ protected:
     BasePlugin& plugin() { return processor->getPlugin(); }
     ParameterManager& manager() { return plugin().getParameterManager(); }
 
-    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("stores", {}, false);
+    juce::File user =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("stores", {}, false);
     TagRegistry registry;
     std::unique_ptr<PluginAudioProcessor> processor;
     ContentSource* store = nullptr;
@@ -50,17 +52,18 @@ protected:
 /** A key pair shared by the package tests: small, so that making it costs nothing. */
 const std::pair<juce::String, juce::String>& testKey()
 {
-    static const auto key = [] {
+    static const auto key = []
+    {
         juce::String publicKey, privateKey;
         PackageBuilder::createKeyPair(512, publicKey, privateKey);
-        return std::pair { publicKey, privateKey };
+        return std::pair{publicKey, privateKey};
     }();
     return key;
 }
 
 juce::MemoryBlock bytesOf(const juce::String& text)
 {
-    return { text.toRawUTF8(), text.getNumBytesAsUTF8() };
+    return {text.toRawUTF8(), text.getNumBytesAsUTF8()};
 }
 } // namespace
 
@@ -76,7 +79,7 @@ TEST_F(Stores, UserFolderItemsAreCreatedRenamedTaggedAndDeleted)
     const auto root = juce::parseXML(file);
     EXPECT_EQ(root->getStringAttribute("version"), "1.0");
     EXPECT_EQ(root->getStringAttribute("tags"), "Type:Flanger");
-    EXPECT_EQ(bass->tagIds, (juce::Array<int> { registry.idOf("Type", "Flanger") }));
+    EXPECT_EQ(bass->tagIds, (juce::Array<int>{registry.idOf("Type", "Flanger")}));
 
     ASSERT_NE(store->addNew("Lead", {}), nullptr);
     EXPECT_FALSE(store->renameItem(bass, "Lead")) << "an existing name is refused";
@@ -86,7 +89,7 @@ TEST_F(Stores, UserFolderItemsAreCreatedRenamedTaggedAndDeleted)
 
     EXPECT_TRUE(store->setItemTags(bass, ContentTags::fromText("Type:Jet;Modulation:Slow")));
     EXPECT_EQ(store->readItemTags("BASS").toText(), "Type:Jet;Modulation:Slow");
-    EXPECT_EQ(bass->tagIds, (juce::Array<int> { registry.idOf("Type", "Jet"), registry.idOf("Modulation", "Slow") }));
+    EXPECT_EQ(bass->tagIds, (juce::Array<int>{registry.idOf("Type", "Jet"), registry.idOf("Modulation", "Slow")}));
 
     EXPECT_EQ(store->uniqueName("Pad"), "Pad");
     store->addNew("Pad", {});
@@ -117,7 +120,8 @@ TEST_F(Stores, UserFolderItemsAreCreatedRenamedTaggedAndDeleted)
 TEST_F(Stores, ImportWritesANewFileAndRefusesTakenNames)
 {
     store->addNew("Wide", {});
-    const juce::String document = R"(<Preset tags="Spatialize:Wide"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
+    const juce::String document =
+        R"(<Preset tags="Spatialize:Wide"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
     juce::MemoryInputStream first(bytesOf(document), true);
     EXPECT_EQ(store->importItem(first, "wide"), nullptr);
 
@@ -132,13 +136,89 @@ TEST_F(Stores, ImportWritesANewFileAndRefusesTakenNames)
     EXPECT_EQ(store->importItem(third, "Stray"), nullptr) << "a file that exists is never overwritten";
 }
 
+TEST_F(Stores, NamesThatDifferOnlyInCaseStayApartOnACaseSensitiveFileSystem)
+{
+    const auto folder = user.getChildFile("UserStore/Presets");
+    const auto preset = [](const char* value)
+    {
+        return juce::String(R"(<Preset><Parameters><param name="FX Amount" value=")") + value +
+               R"("/></Parameters></Preset>)";
+    };
+    ASSERT_TRUE(folder.getChildFile("Bass.vmprs2").replaceWithText(preset("0.25")));
+    if (folder.getChildFile("bass.vmprs2").existsAsFile())
+        GTEST_SKIP() << "this file system ignores letter case";
+    ASSERT_TRUE(folder.getChildFile("bass.vmprs2").replaceWithText(preset("0.75")));
+    ASSERT_TRUE(folder.getChildFile("Pad.vmprs2").replaceWithText(preset("0.5")));
+    store->setEnabled(false);
+    store->setEnabled(true);
+    ASSERT_EQ(store->getItems().size(), 3);
+    EXPECT_EQ(store->find("bass")->name, "bass");
+    EXPECT_EQ(store->find("Bass")->name, "Bass");
+
+    // The exact name wins; letter case is ignored only when no exact name exists.
+    ASSERT_TRUE(store->openItem("bass"));
+    EXPECT_EQ(manager().getText(100000), "bass");
+    ASSERT_TRUE(store->openItem("Bass"));
+    EXPECT_EQ(manager().getText(100000), "Bass");
+    ASSERT_TRUE(store->openItem("PAD"));
+    EXPECT_EQ(manager().getText(100000), "Pad");
+
+    // A change of case onto another file's name is refused and changes nothing.
+    EXPECT_FALSE(store->renameItem(store->find("Bass"), "bass"));
+    EXPECT_EQ(folder.getChildFile("Bass.vmprs2").loadFileAsString(), preset("0.25"));
+    EXPECT_EQ(folder.getChildFile("bass.vmprs2").loadFileAsString(), preset("0.75"));
+    EXPECT_EQ(store->find("Bass")->name, "Bass");
+    EXPECT_TRUE(store->renameItem(store->find("Pad"), "PAD")) << "a change of case of the item's own file";
+    EXPECT_TRUE(folder.getChildFile("PAD.vmprs2").existsAsFile());
+}
+
+TEST_F(Stores, HiddenFilesAreNoItemsAndNamesNeverLeaveTheFolder)
+{
+    const auto folder = user.getChildFile("UserStore/Presets");
+    const juce::String document = R"(<Preset><Parameters/></Preset>)";
+    ASSERT_TRUE(folder.getChildFile(".Hidden.vmprs2").replaceWithText(document));
+    ASSERT_TRUE(folder.getChildFile(".Kept.vmprs2.tmp.vmprs2").replaceWithText(document));
+    ASSERT_TRUE(folder.getChildFile("Shown.vmprs2").replaceWithText(document));
+    store->setEnabled(false);
+    store->setEnabled(true);
+    EXPECT_EQ(names(*store), "Shown");
+
+    const auto outside = user.getChildFile("UserStore/x.vmprs2");
+    ASSERT_TRUE(outside.replaceWithText(document));
+    for (const char* name : {"../x", "a/b", ".", "..", ".Hidden", ""})
+    {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(store->addNew(name, {}), nullptr);
+        juce::MemoryInputStream stream(bytesOf(document), true);
+        EXPECT_EQ(store->importItem(stream, name), nullptr);
+        EXPECT_FALSE(store->renameItem(store->find("Shown"), name));
+        EXPECT_FALSE(store->deleteStoredItem(name));
+        EXPECT_FALSE(store->writeItemTags(name, ContentTags::fromText("Type:Jet")));
+    }
+    EXPECT_EQ(outside.loadFileAsString(), document);
+    EXPECT_FALSE(user.getChildFile("UserStore/Presets/a").exists());
+    EXPECT_EQ(names(*store), "Shown");
+    EXPECT_EQ(folder.findChildFiles(juce::File::findFilesAndDirectories, false, "*").size(), 3);
+}
+
+TEST_F(Stores, AnImportLargerThanAnyDocumentIsRefused)
+{
+    juce::MemoryBlock huge(XmlInput::maximumDocumentBytes + 1, true);
+    juce::MemoryInputStream stream(huge, false);
+    EXPECT_EQ(store->importItem(stream, "Huge"), nullptr);
+    EXPECT_FALSE(user.getChildFile("UserStore/Presets/Huge.vmprs2").exists());
+}
+
 TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
 {
     const auto& [publicKey, privateKey] = testKey();
     PackageDescription description;
     description.author = "Factory Team";
     PackageBuilder builder(description);
-    builder.addEntry("Jet.vmprs2", bytesOf(R"(<Preset tags="Type:Jet"><Parameters><param name="LFO Rate L/M" value="0.05"/></Parameters></Preset>)"));
+    builder.addEntry(
+        "Jet.vmprs2",
+        bytesOf(
+            R"(<Preset tags="Type:Jet"><Parameters><param name="LFO Rate L/M" value="0.05"/></Parameters></Preset>)"));
     builder.addEntry("notes.txt", bytesOf("not a preset"));
     builder.addEntry("Own.vmprs2", bytesOf(R"(<Preset author="Ann"><Parameters/></Preset>)"));
     const auto good = user.getChildFile("Good Factory.q41pkg");
@@ -168,7 +248,8 @@ TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
     juce::MemoryBlock bytes;
     good.loadFileAsData(bytes);
     const auto content = builder.buildContent();
-    auto outerWith = [](const juce::StringArray& entries, const juce::Array<juce::MemoryBlock>& data) {
+    auto outerWith = [](const juce::StringArray& entries, const juce::Array<juce::MemoryBlock>& data)
+    {
         juce::ZipFile::Builder zip;
         for (int i = 0; i < entries.size(); ++i)
             zip.addEntry(new juce::MemoryInputStream(data.getReference(i), true), 0, entries[i], juce::Time());
@@ -183,13 +264,13 @@ TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
     juce::MemoryBlock noise(bytes.getSize());
     juce::Random(3).fillBitsRandomly(noise.getData(), noise.getSize());
     const std::vector<std::pair<const char*, juce::MemoryBlock>> damaged = {
-        { "truncated", juce::MemoryBlock(bytes.getData(), bytes.getSize() / 2) },
-        { "random", noise },
-        { "no hash", outerWith({ "content" }, { content }) },
-        { "wrong hash", outerWith({ "hash", "content" }, { bytesOf("1234abcd"), content }) },
-        { "text hash", outerWith({ "hash", "content" }, { bytesOf("not hex at all"), content }) },
-        { "other key", outerWith({ "hash", "content" }, { bytesOf(PackageBuilder::sign(content, otherPrivate)), content }) },
-        { "empty", juce::MemoryBlock() },
+        {"truncated", juce::MemoryBlock(bytes.getData(), bytes.getSize() / 2)},
+        {"random", noise},
+        {"no hash", outerWith({"content"}, {content})},
+        {"wrong hash", outerWith({"hash", "content"}, {bytesOf("1234abcd"), content})},
+        {"text hash", outerWith({"hash", "content"}, {bytesOf("not hex at all"), content})},
+        {"other key", outerWith({"hash", "content"}, {bytesOf(PackageBuilder::sign(content, otherPrivate)), content})},
+        {"empty", juce::MemoryBlock()},
     };
     for (const auto& [what, data] : damaged)
     {
@@ -201,6 +282,7 @@ TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
         EXPECT_FALSE(broken.getPackage().isValid()) << what;
         EXPECT_FALSE(broken.openItem("Jet")) << what;
     }
-    PresetsPackageContent<Preset> missing("Factory", plugin(), 0, user.getChildFile("none.q41pkg"), ".vmprs2", publicKey);
+    PresetsPackageContent<Preset> missing("Factory", plugin(), 0, user.getChildFile("none.q41pkg"), ".vmprs2",
+                                          publicKey);
     EXPECT_FALSE(missing.getPackage().isValid());
 }
