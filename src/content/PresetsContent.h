@@ -10,7 +10,8 @@
 class BasePlugin;
 
 /** A store of presets of type P (a Preset or a product's subclass) for one plug-in slot. */
-template <class P> class PresetsContent : public ContentSource
+template <class P>
+class PresetsContent : public ContentSource
 {
 public:
     PresetsContent(const juce::String& storeName, BasePlugin& owner, int presetSlot);
@@ -20,7 +21,7 @@ public:
     /** A new preset read from the store, or null. */
     virtual std::unique_ptr<P> readPreset(const juce::String& itemName, bool headerOnly) = 0;
     /** Fills in what the store knows and the preset lacks; nothing here. */
-    virtual void completePreset(P& preset) { (void)preset; }
+    virtual void completePreset(P& preset) { (void) preset; }
 
 protected:
     BasePlugin& plugin;
@@ -28,7 +29,8 @@ protected:
 };
 
 /** The user's folder of preset files: every "*<extension>" file is an item named after it. */
-template <class P> class PresetsDirectoryContent : public PresetsContent<P>
+template <class P>
+class PresetsDirectoryContent : public PresetsContent<P>
 {
 public:
     PresetsDirectoryContent(const juce::String& storeName, BasePlugin& owner, int presetSlot, const juce::File& folder,
@@ -62,11 +64,12 @@ private:
 };
 
 /** A signed package: read once at construction (headers only), served from memory afterwards. */
-template <class P> class PresetsPackageContent : public PresetsContent<P>
+template <class P>
+class PresetsPackageContent : public PresetsContent<P>
 {
 public:
-    PresetsPackageContent(const juce::String& storeName, BasePlugin& owner, int presetSlot,
-                          const juce::File& packageFile, const juce::String& extension, const juce::String& publicKey);
+    PresetsPackageContent(const juce::String& storeName, BasePlugin& owner, int presetSlot, const juce::File& packageFile,
+                          const juce::String& extension, const juce::String& publicKey);
 
     void collectTags(ContentTags& out) override { out = unionOfTags; }
     void loadItems(juce::OwnedArray<ContentItem>& out, TagRegistry* tagRegistry) override;

@@ -55,11 +55,9 @@ juce::File resolveLinks(const juce::File& target)
 
 bool isSpecialFile(const juce::File& file)
 {
-    struct stat info
-    {
-    };
-    if (::lstat(file.getFullPathName().toRawUTF8(), &info) != 0)
+    struct stat info = {};
+    if (::stat(file.getFullPathName().toRawUTF8(), &info) != 0)
         return false;
-    return ! S_ISREG(info.st_mode) && ! S_ISDIR(info.st_mode) && ! S_ISLNK(info.st_mode);
+    return ! S_ISREG(info.st_mode) && ! S_ISDIR(info.st_mode);
 }
 } // namespace SafeFile

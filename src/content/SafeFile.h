@@ -24,8 +24,8 @@ bool writeXml(const juce::File& target, const juce::XmlElement& xml);
 /** The file a write to `target` changes: the end of its chain of symbolic links (relative links
     taken from the link's folder), or `target` itself when it is no link. */
 juce::File resolveLinks(const juce::File& target);
-/** Whether something other than a regular file or a folder stands at the path (not following a
-    last symbolic link): such a target is written in place. */
+/** Whether something other than a regular file or a folder stands at the path, following
+    symbolic links (also the system's own, such as /dev/stdout): such a target is written in place. */
 bool isSpecialFile(const juce::File& file);
 /** The document bytes `writeXml` writes. */
 juce::MemoryBlock xmlDocument(const juce::XmlElement& xml);

@@ -45,15 +45,17 @@ bool SafeFileBatch::add(const juce::File& target, const void* data, size_t size)
     if (target == juce::File())
         return false;
     auto entry = std::make_unique<Staged>();
-    entry->target = SafeFile::resolveLinks(target);
-    if (entry->target.isDirectory())
-        return false;
-    if (SafeFile::isSpecialFile(entry->target))
+    if (SafeFile::isSpecialFile(target))
     {
+        // Opened by the path given: links such as /dev/stdout name no file to resolve to.
+        entry->target = target;
         entry->bytes.append(data, size);
         staged.push_back(std::move(entry));
         return true;
     }
+    entry->target = SafeFile::resolveLinks(target);
+    if (entry->target.isDirectory())
+        return false;
 
     entry->temporary = std::make_unique<juce::TemporaryFile>(entry->target, juce::TemporaryFile::useHiddenFile);
     {

@@ -49,8 +49,7 @@ bool isWellFormedUtf8(const uint8_t* text, size_t size)
 /** UTF-16 after its byte order mark, up to the first zero unit; empty for a lone surrogate. */
 juce::String decodeUtf16(const uint8_t* bytes, size_t size, bool bigEndian)
 {
-    const auto unitAt = [&](size_t at)
-    {
+    const auto unitAt = [&](size_t at) {
         return bigEndian ? (static_cast<uint32_t>(bytes[at]) << 8) | bytes[at + 1]
                          : (static_cast<uint32_t>(bytes[at + 1]) << 8) | bytes[at];
     };
@@ -302,10 +301,12 @@ std::unique_ptr<juce::XmlElement> parse(const juce::String& text, bool headerOnl
 
 std::unique_ptr<juce::XmlElement> parse(const juce::File& file, bool headerOnly)
 {
-    juce::MemoryBlock bytes;
-    if (! file.existsAsFile() || ! file.loadFileAsData(bytes))
+    if (! file.existsAsFile())
         return nullptr;
-    return parse(decode(bytes.getData(), bytes.getSize()), headerOnly);
+    juce::FileInputStream stream(file);
+    if (! stream.openedOk())
+        return nullptr;
+    return parse(stream, headerOnly);
 }
 
 bool readAtMost(juce::InputStream& stream, size_t limit, juce::MemoryBlock& bytes)

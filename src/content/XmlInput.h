@@ -30,7 +30,8 @@ bool isParseable(const juce::String& text);
 /** The document element of a text, or null for a text that gives none or is not parseable.
     With headerOnly only the outer element is read, as juce::XmlDocument does. */
 std::unique_ptr<juce::XmlElement> parse(const juce::String& text, bool headerOnly = false);
-/** `parse` of a file's bytes after `decode`; null for a missing or unreadable file. */
+/** `parse` of a file's bytes after `decode`; null for a missing or unreadable file or one larger
+    than maximumDocumentBytes. */
 std::unique_ptr<juce::XmlElement> parse(const juce::File& file, bool headerOnly = false);
 /** Reads what a stream has left, in pieces, into `bytes`. No length the stream declares is trusted
     (a ZIP entry can claim gigabytes in a few bytes): false, with `bytes` empty, when the stream

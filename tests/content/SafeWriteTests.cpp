@@ -46,7 +46,7 @@ public:
     }
 
 private:
-    rlimit previous{};
+    rlimit previous {};
     void (*previousHandler)(int) = nullptr;
 };
 
@@ -92,15 +92,13 @@ protected:
         return names.joinIntoString("|");
     }
 
-    juce::File user =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("safe-write", {}, false);
+    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("safe-write", {}, false);
 };
 } // namespace
 
 TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
 {
-    const juce::String previousPreset =
-        R"(<Preset tags="Type:Jet"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
+    const juce::String previousPreset = R"(<Preset tags="Type:Jet"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
     auto processor = std::make_unique<PluginAudioProcessor>();
     auto& plugin = processor->getPlugin();
     auto& manager = plugin.getParameterManager();
@@ -110,9 +108,8 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     plugin.storeToPreset(preset, 0);
     const auto presetFile = presets.getChildFile("Jet.vmprs2");
     expectWholeOrNothing(presetFile, previousPreset, [&] { return preset.saveToFile(presetFile, manager); });
-    expectWholeOrNothing(
-        presetFile, previousPreset,
-        [&] { return Preset::writeTagsToFile(presetFile, ContentTags::fromText("Type:Chorus;Modulation:Slow")); });
+    expectWholeOrNothing(presetFile, previousPreset,
+                         [&] { return Preset::writeTagsToFile(presetFile, ContentTags::fromText("Type:Chorus;Modulation:Slow")); });
 
     const auto mapFile = user.getChildFile("Maps/Mine.vmccmap");
     plugin.getMidiMap().assign(manager.getParameter(juce::String("FX Amount")), 12);
@@ -128,7 +125,7 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     EXPECT_FALSE(presets.getChildFile("Imported.vmprs2").exists());
     EXPECT_EQ(plugin.getUserStore()->getItems().size(), itemsBefore);
 
-    PackageBuilder builder(PackageDescription{});
+    PackageBuilder builder(PackageDescription {});
     builder.addEntry("Jet.vmprs2", juce::MemoryBlock(previousPreset.toRawUTF8(), previousPreset.getNumBytesAsUTF8()));
     juce::String publicKey, privateKey;
     PackageBuilder::createKeyPair(512, publicKey, privateKey);
@@ -142,10 +139,7 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     const auto previousSettings = settings.loadFileAsString();
     ASSERT_TRUE(previousSettings.contains("UserSettings"));
     processor = std::make_unique<PluginAudioProcessor>();
-    processor->getPlugin()
-        .getParameterManager()
-        .getParameter(juce::String("Real-time Processing Quality"))
-        ->setText("Ultra", true);
+    processor->getPlugin().getParameterManager().getParameter(juce::String("Real-time Processing Quality"))->setText("Ultra", true);
     {
         const FileSizeLimit limit(16);
         processor.reset();
@@ -200,9 +194,7 @@ TEST_F(SafeWrite, AFifoIsWrittenInPlaceAndNeverReplaced)
     reader.join();
     EXPECT_TRUE(written);
     EXPECT_EQ(received, "down the pipe");
-    struct stat info
-    {
-    };
+    struct stat info = {};
     ASSERT_EQ(::lstat(fifo.getFullPathName().toRawUTF8(), &info), 0);
     EXPECT_TRUE(S_ISFIFO(info.st_mode));
     EXPECT_EQ(listing(user), "pipe");
@@ -219,9 +211,7 @@ TEST_F(SafeWrite, ADeviceNodeIsWrittenInPlaceAndNeverReplaced)
     ::close(probe);
 
     EXPECT_TRUE(SafeFile::writeText(device, "into the void"));
-    struct stat info
-    {
-    };
+    struct stat info = {};
     ASSERT_EQ(::lstat(device.getFullPathName().toRawUTF8(), &info), 0);
     EXPECT_TRUE(S_ISCHR(info.st_mode));
     EXPECT_EQ(info.st_rdev, makedev(1, 3));

@@ -4,17 +4,19 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace
 {
-juce::String nested(int depth, const juce::String& inner = {})
+juce::String nested(int depth, const char* inner = "")
 {
-    juce::String open, close;
+    std::string text;
     for (int i = 0; i < depth; ++i)
-    {
-        open << "<a>";
-        close << "</a>";
-    }
-    return open + inner + close;
+        text += "<a>";
+    text += inner;
+    for (int i = 0; i < depth; ++i)
+        text += "</a>";
+    return juce::String(text);
 }
 
 int depthOf(const juce::XmlElement& element)
@@ -40,10 +42,10 @@ TEST(XmlInput, NestingUpToTheBoundIsReadAndDeeperIsRefusedBeforeTheParserRecurse
     EXPECT_EQ(XmlInput::parse(nested(50000)), nullptr);
     EXPECT_EQ(XmlInput::parse(nested(50000, "<b/><c x='1'/>"), true), nullptr);
     // Empty elements and closed siblings do not add depth.
-    juce::String siblings = "<r>";
+    std::string siblings = "<r>";
     for (int i = 0; i < 1000; ++i)
-        siblings << "<a><b/></a>";
-    EXPECT_NE(XmlInput::parse(siblings + "</r>"), nullptr);
+        siblings += "<a><b/></a>";
+    EXPECT_NE(XmlInput::parse(juce::String(siblings + "</r>")), nullptr);
 }
 
 TEST(XmlInput, CommentsAndCdataMayHoldAnyText)
