@@ -8,7 +8,8 @@ void scanContentStores(BasePlugin& plugin, TagRegistry& registry, juce::OwnedArr
                        juce::Array<ContentSource*>& stores, const juce::File& packageFolder)
 {
     const auto folder = packageFolder != juce::File() ? packageFolder : plugin.getDirectory("AppData").getChildFile("Presets");
-    if (folder.isDirectory())
+    // A key below the floor could be forged: its packages are never trusted.
+    if (folder.isDirectory() && packageKeyBits(getProductPackageKey()) >= minimumPackageKeyBits)
     {
         for (const auto& entry : juce::RangedDirectoryIterator(folder, false, "*Factory*.q41pkg", juce::File::findFiles))
         {

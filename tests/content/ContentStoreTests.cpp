@@ -1,6 +1,8 @@
 // The user's preset folder and signed packages as stores: create, rename, delete, import, tags,
 // loading into the plug-in, and packages refused for every kind of damage.
+#include "TestPackageKey.h"
 #include "content/PackageBuilder.h"
+#include "content/PackageKey.h"
 #include "content/PresetsContent.h"
 #include "content/XmlInput.h"
 #include "parameters/ParameterManager.h"
@@ -48,14 +50,10 @@ protected:
     ContentSource* store = nullptr;
 };
 
-/** A key pair shared by the package tests: small, so that making it costs nothing. */
+/** The committed test key pair, as the package tests use it. */
 const std::pair<juce::String, juce::String>& testKey()
 {
-    static const auto key = [] {
-        juce::String publicKey, privateKey;
-        PackageBuilder::createKeyPair(512, publicKey, privateKey);
-        return std::pair { publicKey, privateKey };
-    }();
+    static const std::pair<juce::String, juce::String> key { testkey::publicKey, testkey::privateKey };
     return key;
 }
 
@@ -277,4 +275,26 @@ TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
     }
     PresetsPackageContent<Preset> missing("Factory", plugin(), 0, user.getChildFile("none.q41pkg"), ".vmprs2", publicKey);
     EXPECT_FALSE(missing.getPackage().isValid());
+}
+
+TEST_F(Stores, KeysBelowTheFloorSignNoPackageAndAreNeverTrusted)
+{
+    EXPECT_EQ(packageKeyBits(testkey::publicKey), 2048);
+    EXPECT_EQ(packageKeyBits(testkey::privateKey), 2048);
+    EXPECT_EQ(packageKeyBits("10001,not hex"), 0);
+    EXPECT_GE(packageKeyBits(getProductPackageKey()), minimumPackageKeyBits) << "the build compiled in a weak key";
+
+    juce::String smallPublic, smallPrivate;
+    PackageBuilder::createKeyPair(1024, smallPublic, smallPrivate);
+    EXPECT_EQ(packageKeyBits(smallPrivate), 1024);
+    PackageBuilder builder(PackageDescription { "Velmarin", "Presets", "Factory", "Test", 1, "Q41", "Q41" });
+    builder.addEntry("Jet.vmprs2", bytesOf(R"(<Preset><Parameters/></Preset>)"));
+    const auto weak = user.getChildFile("Weak Factory.q41pkg");
+    EXPECT_FALSE(builder.write(weak, smallPrivate));
+    EXPECT_FALSE(weak.exists());
+
+    const auto strong = user.getChildFile("Strong Factory.q41pkg");
+    ASSERT_TRUE(builder.write(strong, testkey::privateKey));
+    EXPECT_TRUE(PackageFile(strong, testkey::publicKey).isValid());
+    EXPECT_FALSE(PackageFile(strong, smallPublic).isValid());
 }

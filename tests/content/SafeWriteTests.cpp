@@ -2,6 +2,7 @@
 // set below the new document's size, so that the operating system refuses the rest of the write
 // half-way, each writer reports failure, the previous file stays byte for byte, and no temporary
 // file is left behind.
+#include "TestPackageKey.h"
 #include "content/PackageBuilder.h"
 #include "content/Preset.h"
 #include "content/PresetsContent.h"
@@ -127,10 +128,8 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
 
     PackageBuilder builder(PackageDescription {});
     builder.addEntry("Jet.vmprs2", juce::MemoryBlock(previousPreset.toRawUTF8(), previousPreset.getNumBytesAsUTF8()));
-    juce::String publicKey, privateKey;
-    PackageBuilder::createKeyPair(512, publicKey, privateKey);
     const auto package = user.getChildFile("data/Presets/Factory.q41pkg");
-    expectWholeOrNothing(package, "an older package", [&] { return builder.write(package, privateKey); });
+    expectWholeOrNothing(package, "an older package", [&] { return builder.write(package, testkey::privateKey); });
 
     // The settings file is written at teardown, where nothing can report the failure: the file the
     // previous instance wrote must survive it.

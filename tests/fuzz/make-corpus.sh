@@ -114,12 +114,16 @@ sed -e 's/default="no"/default="YES" file="\/tmp\/x.vmccmap"/' "$work/user/Velma
 sed -e 's/application="Velmarin"/application="Other"/' "$work/user/Velmarin.ini" >"$corpus/settings/other-product.ini"
 printf '<UserSettings application="velmarin"><MidiControlMap default="yes" file="relative/map.vmccmap"/></UserSettings>' >"$corpus/settings/relative.ini"
 
-# Packages, signed with the fuzz test key: the first byte 0 for a whole file, 1 for an inner archive.
-# The same test key as PackageFuzz.cpp.
-cat >"$work/test.key" <<'KEY'
-public=10001,aa96e0b61a14ee1bbfdc0515cca37704caf267bc3fe303e898aae48014511d08316d
-private=48b94794fa6b7fd2dea90a95ef86a47faadeb2433f00c5b5934db8ad14252283e3b5,aa96e0b61a14ee1bbfdc0515cca37704caf267bc3fe303e898aae48014511d08316d
-KEY
+# Packages, signed with the unit tests' key pair (tests/content/TestPackageKey.h), as PackageFuzz.cpp
+# checks whole packages: the first byte 0 for a whole file, 1 for an inner archive.
+python3 - "$here/../content/TestPackageKey.h" "$work/test.key" <<'PY'
+import sys, re
+text = open(sys.argv[1]).read()
+def key(name):
+    body = re.search(name + r" =\s*((?:\s*\"[0-9a-f,]*\")+);", text).group(1)
+    return "".join(re.findall(r'"([0-9a-f,]*)"', body))
+open(sys.argv[2], "w").write("public=%s\nprivate=%s\n" % (key("publicKey"), key("privateKey")))
+PY
 mkdir -p "$work/two"
 cp "$factory/Afterburner.vmprs2" "$factory/Bell Jar.vmprs2" "$work/two/"
 printf '<Preset tags="Type:Odd"><Parameters><param name="Preamp" value="1"/></Parameters></Preset>' >"$work/two/No Author.vmprs2"
