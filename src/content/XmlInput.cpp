@@ -136,7 +136,9 @@ void skipPast(juce::CharPointer_UTF8& p, const char* terminator)
 }
 
 /** Moves over a start tag from its "<" to past its ">" (or to the end of the text), checking the
-    references in its quoted values. False for a "<" inside the tag or a bad reference. */
+    references in its quoted values. False for a "<" inside the tag, an "&" outside its quoted values
+    or a bad reference: JUCE's parser gives up on a tag it cannot read and reads the rest of it as
+    text, where an "&" is taken as a reference. */
 bool skipStartTag(juce::CharPointer_UTF8& p, bool& empty)
 {
     empty = false;
@@ -144,7 +146,7 @@ bool skipStartTag(juce::CharPointer_UTF8& p, bool& empty)
     for (++p; ! p.isEmpty();)
     {
         const auto c = *p;
-        if (c == '<')
+        if (c == '<' || c == '&')
             return false;
         if (c == '>')
         {
