@@ -196,6 +196,8 @@ int build(const Arguments& args)
     PackageBuilder builder(description);
 
     auto files = folder.findChildFiles(juce::File::findFiles, false, "*" + extension);
+    // Hidden files (an editor's or a writer's temporary files) are no presets.
+    files.removeIf([](const juce::File& file) { return file.getFileName().startsWithChar('.'); });
     files.sort();
     if (files.isEmpty())
         return fail("no " + extension + " files in " + folder.getFullPathName());
