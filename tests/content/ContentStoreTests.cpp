@@ -285,8 +285,8 @@ TEST_F(Stores, KeysBelowTheFloorSignNoPackageAndAreNeverTrusted)
     EXPECT_GE(packageKeyBits(getProductPackageKey()), minimumPackageKeyBits) << "the build compiled in a weak key";
 
     juce::String smallPublic, smallPrivate;
-    PackageBuilder::createKeyPair(1024, smallPublic, smallPrivate);
-    EXPECT_EQ(packageKeyBits(smallPrivate), 1024);
+    PackageBuilder::createKeyPair(512, smallPublic, smallPrivate);
+    EXPECT_EQ(packageKeyBits(smallPrivate), 512);
     PackageBuilder builder(PackageDescription { "Velmarin", "Presets", "Factory", "Test", 1, "Q41", "Q41" });
     builder.addEntry("Jet.vmprs2", bytesOf(R"(<Preset><Parameters/></Preset>)"));
     const auto weak = user.getChildFile("Weak Factory.q41pkg");

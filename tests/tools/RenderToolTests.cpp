@@ -10,6 +10,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
+#include <string>
+
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -452,7 +456,8 @@ TEST_F(RenderTool, AnInputCutShortIsReadAsFarAsItHoldsDataWithAWarning)
     ASSERT_TRUE(outFile.getFile().loadFileAsData(wav));
     const auto frames = openWav(outFile.getFile())->lengthInSamples;
     auto* bytes = static_cast<uint8_t*>(wav.getData());
-    const auto found = std::search(bytes, bytes + wav.getSize(), "data", "data" + 4);
+    const std::string tag = "data";
+    const auto found = std::search(bytes, bytes + wav.getSize(), tag.begin(), tag.end());
     ASSERT_NE(found, bytes + wav.getSize());
     const juce::uint32 declared = 0xfffffff0u;
     std::memcpy(found + 4, &declared, 4); // little-endian machine
