@@ -1,6 +1,7 @@
 #include "ContentSource.h"
 
 #include "SafeFile.h"
+#include "XmlInput.h"
 
 ContentSource::ContentSource(const juce::String& storeName)
     : name(storeName)
@@ -20,8 +21,18 @@ ContentItem* ContentSource::makeItem(const juce::String& itemName, TagRegistry* 
     return new ContentItem(this, itemName, tags, ids);
 }
 
+bool ContentSource::isStorableName(const juce::String& itemName)
+{
+    // A name becomes a file name: nothing that reaches another folder, no hidden file. A NUL
+    // cannot reach here: a juce::String ends at its first one.
+    return itemName.isNotEmpty() && ! itemName.containsChar('/') && ! itemName.startsWithChar('.');
+}
+
 ContentItem* ContentSource::find(const juce::String& itemName) const
 {
+    for (auto* item : items)
+        if (item->name == itemName)
+            return item;
     for (auto* item : items)
         if (item->name.equalsIgnoreCase(itemName))
             return item;
@@ -66,10 +77,9 @@ ContentItem* ContentSource::importItem(juce::InputStream& stream, const juce::St
     if (file == juce::File() || file.existsAsFile())
         return nullptr;
 
-    // The stream's bytes as they are, whole or not at all.
+    // The stream's bytes as they are, whole or not at all, no more than any document may hold.
     juce::MemoryBlock bytes;
-    stream.readIntoMemoryBlock(bytes);
-    if (! SafeFile::write(file, bytes))
+    if (! XmlInput::readAtMost(stream, XmlInput::maximumDocumentBytes, bytes) || ! SafeFile::write(file, bytes))
         return nullptr;
 
     const auto tags = readItemTags(itemName);

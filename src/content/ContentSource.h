@@ -42,7 +42,11 @@ public:
     virtual ContentItem* makeItem(const juce::String& itemName, TagRegistry* tagRegistry, const ContentTags& tags);
 
     bool contains(const juce::String& itemName) const { return find(itemName) != nullptr; }
+    /** The item of exactly that name, else the first whose name differs only in letter case. */
     ContentItem* find(const juce::String& itemName) const;
+    /** Whether a name may become a stored file's name: not empty, no "/" or NUL, not starting with
+        "." (which also refuses "." and ".."). Stores refuse to make files for other names. */
+    static bool isStorableName(const juce::String& itemName);
     /** The name itself when free, else "name (n)" for the first free n up to 1000, else
         "name - Copy (h:mm:ssam)". */
     juce::String uniqueName(const juce::String& itemName) const;
@@ -50,7 +54,8 @@ public:
         or the write failed. */
     ContentItem* addNew(const juce::String& itemName, const ContentTags& tags);
     /** Stores a document read from a stream under a new name (atomic write); null when the name
-        is taken (ignoring case), its file exists, or the write failed. */
+        is taken (ignoring case) or not storable, its file exists, the stream holds more than any
+        document may (XmlInput::maximumDocumentBytes), or the write failed. */
     ContentItem* importItem(juce::InputStream& stream, const juce::String& itemName);
     /** Deletes the item and its stored form for good. */
     bool remove(ContentItem* item);

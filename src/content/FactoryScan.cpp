@@ -5,13 +5,16 @@
 #include "PresetsContent.h"
 
 void scanContentStores(BasePlugin& plugin, TagRegistry& registry, juce::OwnedArray<ContentSource>& packages,
-                       juce::Array<ContentSource*>& stores)
+                       juce::Array<ContentSource*>& stores, const juce::File& packageFolder)
 {
-    const auto folder = plugin.getDirectory("AppData").getChildFile("Presets");
-    if (folder.isDirectory())
+    const auto folder = packageFolder != juce::File() ? packageFolder : plugin.getDirectory("AppData").getChildFile("Presets");
+    // A key below the floor could be forged: its packages are never trusted.
+    if (folder.isDirectory() && packageKeyBits(getProductPackageKey()) >= minimumPackageKeyBits)
     {
         for (const auto& entry : juce::RangedDirectoryIterator(folder, false, "*Factory*.q41pkg", juce::File::findFiles))
         {
+            if (entry.getFile().getFileName().startsWithChar('.'))
+                continue; // hidden, such as a package being written
             auto* store = packages.add(new PresetsPackageContent<Preset>("Factory", plugin, 0, entry.getFile(),
                                                                          plugin.getPresetFileExtension(), getProductPackageKey()));
             store->attach(&registry);

@@ -7,8 +7,10 @@
 
 class BasePlugin;
 
-/** Makes one "Factory" store for each "*Factory*.q41pkg" file in the data folder's "Presets"
-    (in the file system's order), owned by `packages`, and lists them in `stores` followed by the
-    plug-in's user store. Every store joins the registry and loads its items. Message thread. */
+/** Makes one "Factory" store for each "*Factory*.q41pkg" file in `packageFolder` (in the file
+    system's order; hidden files skipped), owned by `packages`, and lists them in `stores` followed
+    by the plug-in's user store. No package is trusted when the compiled-in key has fewer than
+    minimumPackageKeyBits bits. Every store joins the registry and loads its items. An empty
+    `packageFolder` means the data folder's "Presets". Message thread. */
 void scanContentStores(BasePlugin& plugin, TagRegistry& registry, juce::OwnedArray<ContentSource>& packages,
-                       juce::Array<ContentSource*>& stores);
+                       juce::Array<ContentSource*>& stores, const juce::File& packageFolder = {});

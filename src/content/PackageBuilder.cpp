@@ -2,6 +2,7 @@
 
 #include "SafeFile.h"
 #include "PackageFile.h"
+#include "PackageKey.h"
 
 #include <juce_cryptography/juce_cryptography.h>
 
@@ -64,6 +65,8 @@ juce::String PackageBuilder::sign(const juce::MemoryBlock& content, const juce::
 
 bool PackageBuilder::write(const juce::File& target, const juce::String& privateKey) const
 {
+    if (packageKeyBits(privateKey) < minimumPackageKeyBits)
+        return false;
     const auto content = buildContent();
     const auto signature = sign(content, privateKey);
     if (signature.isEmpty())

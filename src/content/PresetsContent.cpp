@@ -2,12 +2,24 @@
 
 #include "../plugin/BasePlugin.h"
 
+#include <sys/stat.h>
+
 namespace
 {
 /** The item name of a file or archive entry: its base name without folders or extension. */
 juce::String baseName(const juce::String& path)
 {
     return path.fromLastOccurrenceOf("/", false, false).upToLastOccurrenceOf(".", false, false);
+}
+
+/** Whether two paths name one file (one name, or two spellings on a file system that ignores
+    letter case). */
+bool isSameFile(const juce::File& a, const juce::File& b)
+{
+    struct stat first = {}, second = {};
+    return ::stat(a.getFullPathName().toRawUTF8(), &first) == 0 &&
+           ::stat(b.getFullPathName().toRawUTF8(), &second) == 0 && first.st_dev == second.st_dev &&
+           first.st_ino == second.st_ino;
 }
 } // namespace
 
@@ -20,7 +32,8 @@ PresetsContent<P>::PresetsContent(const juce::String& storeName, BasePlugin& own
 template <class P>
 bool PresetsContent<P>::openItem(const juce::String& itemName)
 {
-    // Names compare ignoring case: the stored form is found under the item's own spelling.
+    // The item of exactly that name, else the one whose name differs only in letter case; the
+    // stored form is found under the item's own spelling.
     const auto* item = find(itemName);
     auto preset = readPreset(item != nullptr ? item->name : itemName, false);
     if (preset == nullptr)
@@ -41,6 +54,8 @@ PresetsDirectoryContent<P>::PresetsDirectoryContent(const juce::String& storeNam
 template <class P>
 juce::File PresetsDirectoryContent<P>::getItemFile(const juce::String& itemName) const
 {
+    if (! ContentSource::isStorableName(itemName))
+        return {};
     return folder.getChildFile(itemName).withFileExtension(extension);
 }
 
@@ -49,8 +64,10 @@ juce::Array<juce::File> PresetsDirectoryContent<P>::listFiles() const
 {
     // In the order the file system gives; the browser sorts what it shows.
     juce::Array<juce::File> files;
+    // Hidden files (a writer's temporary files among them) are no items.
     for (const auto& entry : juce::RangedDirectoryIterator(folder, false, "*" + extension, juce::File::findFiles))
-        files.add(entry.getFile());
+        if (! entry.getFile().getFileName().startsWithChar('.'))
+            files.add(entry.getFile());
     return files;
 }
 
@@ -84,7 +101,7 @@ template <class P>
 bool PresetsDirectoryContent<P>::deleteStoredItem(const juce::String& itemName)
 {
     const auto file = getItemFile(itemName);
-    return file.existsAsFile() && file.deleteFile();
+    return file != juce::File() && file.existsAsFile() && file.deleteFile();
 }
 
 template <class P>
@@ -92,9 +109,11 @@ bool PresetsDirectoryContent<P>::renameStoredItem(const juce::String& oldName, c
 {
     const auto from = getItemFile(oldName);
     const auto to = getItemFile(newName);
-    if (! from.existsAsFile())
+    if (from == juce::File() || to == juce::File() || ! from.existsAsFile())
         return false;
-    if (to.existsAsFile() && ! oldName.equalsIgnoreCase(newName))
+    // Only the item's own file may stand at the new name: on a file system that tells letter case
+    // apart, a change of case only would otherwise replace another file.
+    if (to.existsAsFile() && ! (oldName.equalsIgnoreCase(newName) && isSameFile(from, to)))
         return false;
     return from.moveFileTo(to);
 }
@@ -102,17 +121,21 @@ bool PresetsDirectoryContent<P>::renameStoredItem(const juce::String& oldName, c
 template <class P>
 bool PresetsDirectoryContent<P>::writeItemTags(const juce::String& itemName, const ContentTags& tags)
 {
-    return Preset::writeTagsToFile(getItemFile(itemName), tags);
+    const auto file = getItemFile(itemName);
+    return file != juce::File() && Preset::writeTagsToFile(file, tags);
 }
 
 template <class P>
 bool PresetsDirectoryContent<P>::createItem(const juce::String& itemName, const ContentTags& tags)
 {
+    const auto file = getItemFile(itemName);
+    if (file == juce::File())
+        return false;
     P preset;
     preset.setVersion("1.0");
     preset.setTags(tags);
     this->plugin.storeToPreset(preset, this->slot);
-    return preset.saveToFile(getItemFile(itemName), this->plugin.getParameterManager());
+    return preset.saveToFile(file, this->plugin.getParameterManager());
 }
 
 template <class P>

@@ -38,12 +38,14 @@ public:
 
     bool isReadOnly() const override { return false; }
     bool canCreateItems() const override { return true; }
-    /** The folder's child named after the item with the preset extension ("A.B" gives "A.vmprs2"). */
+    /** The folder's child named after the item with the preset extension ("A.B" gives "A.vmprs2");
+        an empty file for a name that is not storable, so nothing is made, moved or deleted. */
     juce::File getItemFile(const juce::String& itemName) const override;
     void collectTags(ContentTags& out) override;
     void loadItems(juce::OwnedArray<ContentItem>& out, TagRegistry* tagRegistry) override;
     bool deleteStoredItem(const juce::String& itemName) override;
-    /** Moves the file; a change of letter case only is allowed, any other existing name is not. */
+    /** Moves the file; a change of letter case only is allowed, any other existing file at the new
+        name is not (another file that differs only in case included). */
     bool renameStoredItem(const juce::String& oldName, const juce::String& newName) override;
     bool writeItemTags(const juce::String& itemName, const ContentTags& tags) override;
     /** Writes the plug-in's present values as a new preset (version "1.0", the given tags). */

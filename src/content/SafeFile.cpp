@@ -1,29 +1,18 @@
 #include "SafeFile.h"
 
+#include "SafeFileBatch.h"
+
+#include <climits>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace SafeFile
 {
 bool write(const juce::File& target, const void* data, size_t size)
 {
-    if (target == juce::File() || target.isDirectory())
-        return false;
-
-    const juce::TemporaryFile temporary(target, juce::TemporaryFile::useHiddenFile);
-    {
-        juce::FileOutputStream out(temporary.getFile());
-        if (! out.openedOk())
-            return false;
-        if (size > 0 && ! out.write(data, size))
-            return false;
-        out.flush();  // also syncs the file to disk
-        if (out.getStatus().failed())
-            return false;
-    }
-    // The stream does not report a short write (a full disk or a size limit cuts a write short
-    // without an error code), so the file's size is the proof that every byte arrived.
-    if (temporary.getFile().getSize() != static_cast<juce::int64>(size))
-        return false;
-    // On failure the temporary file's destructor removes it.
-    return temporary.overwriteTargetFileWithTemporary();
+    SafeFileBatch batch;
+    return batch.add(target, data, size) && batch.commit();
 }
 
 bool write(const juce::File& target, const juce::MemoryBlock& data)
@@ -36,10 +25,39 @@ bool writeText(const juce::File& target, const juce::String& text)
     return write(target, text.toRawUTF8(), text.getNumBytesAsUTF8());
 }
 
-bool writeXml(const juce::File& target, const juce::XmlElement& xml)
+juce::MemoryBlock xmlDocument(const juce::XmlElement& xml)
 {
     juce::MemoryOutputStream document;
     xml.writeTo(document);
-    return write(target, document.getData(), document.getDataSize());
+    return document.getMemoryBlock();
+}
+
+bool writeXml(const juce::File& target, const juce::XmlElement& xml)
+{
+    return write(target, xmlDocument(xml));
+}
+
+juce::File resolveLinks(const juce::File& target)
+{
+    auto file = target;
+    // A loop of links ends where the system's own limit would.
+    for (int hops = 0; hops < 40; ++hops)
+    {
+        char buffer[PATH_MAX];
+        const auto length = ::readlink(file.getFullPathName().toRawUTF8(), buffer, sizeof(buffer) - 1);
+        if (length <= 0)
+            break;
+        const auto link = juce::String::fromUTF8(buffer, static_cast<int>(length));
+        file = file.getParentDirectory().getChildFile(link);
+    }
+    return file;
+}
+
+bool isSpecialFile(const juce::File& file)
+{
+    struct stat info = {};
+    if (::stat(file.getFullPathName().toRawUTF8(), &info) != 0)
+        return false;
+    return ! S_ISREG(info.st_mode) && ! S_ISDIR(info.st_mode);
 }
 } // namespace SafeFile

@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <cstring>
+#include <optional>
 #include <string>
 
 namespace
@@ -75,51 +76,189 @@ juce::String decodeUtf16(const uint8_t* bytes, size_t size, bool bigEndian)
     return juce::String(text.c_str());
 }
 
-/** Whether every "&" starts one of the five predefined entities or a complete numeric character
-    reference that names a character: JUCE's parser steps over the end of the text after a broken
-    "&#x", appends any number it reads as a character ("&#xFFFFFFFF;" puts a malformed sequence
-    into a string), and parses an unknown entity's name as XML. */
-bool hasOnlyValidCharacterReferences(const juce::String& text)
+/** Steps over a reference at "&" and tells whether it is one JUCE's parser reads safely: one of
+    the five predefined entities or a complete numeric character reference that names a character.
+    JUCE's parser steps over the end of the text after a broken "&#x", appends any number it reads
+    as a character ("&#xFFFFFFFF;" puts a malformed sequence into a string), and expands any other
+    name to the name itself, which it parses as XML when it begins with "<". */
+bool skipReference(juce::CharPointer_UTF8& p)
 {
-    for (auto p = text.getCharPointer(); ! p.isEmpty();)
+    ++p;
+    if (*p != '#')
     {
-        if (*p != '&')
+        for (const char* name : {"amp;", "quot;", "apos;", "lt;", "gt;"})
         {
-            ++p;
-            continue;
+            const auto length = static_cast<int>(std::strlen(name));
+            if (p.compareIgnoreCaseUpTo(juce::CharPointer_ASCII(name), length) == 0)
+            {
+                p += length;
+                return true;
+            }
         }
+        return false;
+    }
+    ++p;
+    const bool hex = *p == 'x' || *p == 'X';
+    if (hex)
         ++p;
-        if (*p != '#')
-        {
-            // Only the five predefined entities: JUCE expands any other name to the name itself
-            // and parses that as XML when it begins with "<", past the end of its text.
-            bool known = false;
-            for (const char* name : { "amp;", "quot;", "apos;", "lt;", "gt;" })
-                known = known || p.compareIgnoreCaseUpTo(juce::CharPointer_ASCII(name), static_cast<int>(std::strlen(name))) == 0;
-            if (! known)
-                return false;
-            continue;
-        }
-        ++p;
-        const bool hex = *p == 'x' || *p == 'X';
-        if (hex)
-            ++p;
-        uint64_t value = 0;
-        int digits = 0;
-        for (;; ++p, ++digits)
-        {
-            const auto c = *p;
-            const int digit = hex ? juce::CharacterFunctions::getHexDigitValue(c) : (c >= '0' && c <= '9' ? static_cast<int>(c - '0') : -1);
-            if (digit < 0)
-                break;
-            value = value * (hex ? 16u : 10u) + static_cast<uint64_t>(digit);
-            if (value > 0x10ffff)
-                return false;
-        }
-        if (digits == 0 || *p != ';' || value == 0 || (value >= 0xd800 && value <= 0xdfff))
+    uint64_t value = 0;
+    int digits = 0;
+    for (;; ++p, ++digits)
+    {
+        const auto c = *p;
+        const int digit = hex ? juce::CharacterFunctions::getHexDigitValue(c)
+                              : (c >= '0' && c <= '9' ? static_cast<int>(c - '0') : -1);
+        if (digit < 0)
+            break;
+        value = value * (hex ? 16u : 10u) + static_cast<uint64_t>(digit);
+        if (value > 0x10ffff)
             return false;
     }
+    if (digits == 0 || *p != ';' || value == 0 || (value >= 0xd800 && value <= 0xdfff))
+        return false;
+    ++p;
     return true;
+}
+
+bool startsWith(juce::CharPointer_UTF8 p, const char* prefix)
+{
+    return p.compareUpTo(juce::CharPointer_ASCII(prefix), static_cast<int>(std::strlen(prefix))) == 0;
+}
+
+/** Moves past the next `terminator`, or to the end of the text when there is none. */
+void skipPast(juce::CharPointer_UTF8& p, const char* terminator)
+{
+    const auto at = p.indexOf(juce::CharPointer_ASCII(terminator));
+    if (at < 0)
+        p = p.findTerminatingNull();
+    else
+        p += at + static_cast<int>(std::strlen(terminator));
+}
+
+/** Moves over a start tag from its "<" to past its ">" (or to the end of the text), checking the
+    references in its quoted values. False for a "<" inside the tag, an "&" outside its quoted values
+    or a bad reference: JUCE's parser gives up on a tag it cannot read and reads the rest of it as
+    text, where an "&" is taken as a reference. */
+bool skipStartTag(juce::CharPointer_UTF8& p, bool& empty)
+{
+    empty = false;
+    juce::juce_wchar previous = 0;
+    for (++p; ! p.isEmpty();)
+    {
+        const auto c = *p;
+        if (c == '<' || c == '&')
+            return false;
+        if (c == '>')
+        {
+            empty = previous == '/';
+            ++p;
+            return true;
+        }
+        if (c == '"' || c == '\'')
+        {
+            for (++p; ! p.isEmpty() && *p != c;)
+            {
+                if (*p == '<')
+                    return false;
+                if (*p == '&')
+                {
+                    if (! skipReference(p))
+                        return false;
+                }
+                else
+                    ++p;
+            }
+            if (! p.isEmpty())
+                ++p;
+            previous = c;
+            continue;
+        }
+        previous = c;
+        ++p;
+    }
+    return true;
+}
+
+/** The document's text as JUCE's parser may be given it, or nothing when it must not be parsed.
+    The scan follows the markup the way JUCE's parser does: comments, CDATA sections and quoted
+    values hide markup, the document ends with its root element. It refuses a document type
+    declaration (JUCE expands the entities of one as XML), bad references, and elements nested
+    deeper than maximumDepth (JUCE's parser recurses once per level and runs out of stack).
+    Processing instructions inside the root element are dropped: JUCE's parser never returns from
+    one that text follows, and none of our documents gives them a meaning. */
+std::optional<juce::String> checkedText(const juce::String& text, int maximumDepth)
+{
+    juce::String kept;
+    auto keptUpTo = text.getCharPointer();
+    int depth = 0;
+    for (auto p = text.getCharPointer(); ! p.isEmpty();)
+    {
+        const auto c = *p;
+        if (c == '&')
+        {
+            if (depth == 0 || ! skipReference(p))
+                return std::nullopt;
+        }
+        else if (c != '<')
+        {
+            // Only white space may stand beside the root element.
+            if (depth == 0 && ! juce::CharacterFunctions::isWhitespace(c))
+                return std::nullopt;
+            ++p;
+        }
+        else if (startsWith(p, "<!--"))
+        {
+            p += 4;
+            skipPast(p, "-->");
+        }
+        else if (startsWith(p, "<![CDATA["))
+        {
+            if (depth == 0)
+                return std::nullopt;
+            skipPast(p, "]]>");
+        }
+        else if (p[1] == '?')
+        {
+            const auto start = p;
+            p += 2;
+            skipPast(p, "?>");
+            if (depth > 0)
+            {
+                kept.appendCharPointer(keptUpTo, start);
+                keptUpTo = p;
+            }
+        }
+        else if (p[1] == '!')
+        {
+            return std::nullopt; // a document type or another declaration
+        }
+        else if (p[1] == '/')
+        {
+            if (depth == 0)
+                return std::nullopt;
+            for (p += 2; ! p.isEmpty() && *p != '>'; ++p)
+                if (*p == '<')
+                    return std::nullopt;
+            if (--depth == 0)
+                break; // JUCE's parser reads nothing after the root element
+            if (! p.isEmpty())
+                ++p;
+        }
+        else
+        {
+            bool empty = false;
+            if (! skipStartTag(p, empty))
+                return std::nullopt;
+            if (! empty && ++depth > maximumDepth)
+                return std::nullopt;
+            if (empty && depth == 0)
+                break;
+        }
+    }
+    if (kept.isEmpty())
+        return text;
+    kept.appendCharPointer(keptUpTo);
+    return kept;
 }
 } // namespace
 
@@ -148,38 +287,28 @@ juce::String decode(const void* data, size_t size)
 
 bool isParseable(const juce::String& text)
 {
-    if (! hasOnlyValidCharacterReferences(text))
-        return false;
-
-    // The root element begins at the first "<" that opens neither a processing instruction nor a
-    // declaration or comment.
-    int position = 0;
-    for (;;)
-    {
-        const int open = text.indexOfChar(position, '<');
-        if (open < 0)
-            return true;
-        const auto next = text[open + 1];
-        if (next != '?' && next != '!')
-            return ! text.substring(open).contains("<?");
-        position = open + 1;
-    }
+    return checkedText(text, maximumDepth).has_value();
 }
 
 std::unique_ptr<juce::XmlElement> parse(const juce::String& text, bool headerOnly)
 {
-    if (text.isEmpty() || ! isParseable(text))
+    if (text.isEmpty())
         return nullptr;
-    juce::XmlDocument document(text);
+    const auto checked = checkedText(text, maximumDepth);
+    if (! checked.has_value())
+        return nullptr;
+    juce::XmlDocument document(*checked);
     return document.getDocumentElement(headerOnly);
 }
 
 std::unique_ptr<juce::XmlElement> parse(const juce::File& file, bool headerOnly)
 {
-    juce::MemoryBlock bytes;
-    if (! file.existsAsFile() || ! file.loadFileAsData(bytes))
+    if (! file.existsAsFile())
         return nullptr;
-    return parse(decode(bytes.getData(), bytes.getSize()), headerOnly);
+    juce::FileInputStream stream(file);
+    if (! stream.openedOk())
+        return nullptr;
+    return parse(stream, headerOnly);
 }
 
 bool readAtMost(juce::InputStream& stream, size_t limit, juce::MemoryBlock& bytes)

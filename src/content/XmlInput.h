@@ -1,10 +1,12 @@
 #pragma once
 
 // The one way documents from outside become XML elements: state chunks, presets, settings, map
-// files, package descriptions. JUCE's parser reads past the end of its buffer on malformed UTF-8
-// and never returns from a processing instruction (`<?...?>`) that stands inside an element before
-// text, so both are refused here, before the parser sees them. Our own documents hold neither: the
-// only processing instruction they carry is the XML declaration in front of the root element.
+// files, package descriptions. JUCE's parser reads past the end of its buffer on malformed UTF-8,
+// never returns from a processing instruction (`<?...?>`) that stands inside an element before
+// text, expands unknown entities as markup and recurses once per nesting level until the stack
+// runs out. A scan of the markup here, before the parser sees the text, refuses what would harm
+// it and drops processing instructions inside the root element; every well-formed document
+// without a document type declaration gets through.
 
 #include <juce_core/juce_core.h>
 
@@ -16,15 +18,20 @@ namespace XmlInput
     bytes (overlong forms, surrogates, lone UTF-16 surrogates) give empty text. */
 juce::String decode(const void* data, size_t size);
 
-/** Whether JUCE's parser can be given the text: no processing instruction after the first element
-    has begun, every "&" one of the five predefined entities ("&amp;" ...) or a complete numeric
-    character reference naming a character (1 to U+10FFFF, no surrogate). */
+/** The deepest nesting of elements a document may have; ours go five levels deep. */
+constexpr int maximumDepth = 256;
+
+/** Whether the text may be parsed: no document type declaration, elements nested at most
+    maximumDepth levels, every "&" in text and values one of the five predefined entities
+    ("&amp;" ...) or a complete numeric character reference naming a character (1 to U+10FFFF, no
+    surrogate). Comments and CDATA sections may hold anything. */
 bool isParseable(const juce::String& text);
 
 /** The document element of a text, or null for a text that gives none or is not parseable.
     With headerOnly only the outer element is read, as juce::XmlDocument does. */
 std::unique_ptr<juce::XmlElement> parse(const juce::String& text, bool headerOnly = false);
-/** `parse` of a file's bytes after `decode`; null for a missing or unreadable file. */
+/** `parse` of a file's bytes after `decode`; null for a missing or unreadable file or one larger
+    than maximumDocumentBytes. */
 std::unique_ptr<juce::XmlElement> parse(const juce::File& file, bool headerOnly = false);
 /** Reads what a stream has left, in pieces, into `bytes`. No length the stream declares is trusted
     (a ZIP entry can claim gigabytes in a few bytes): false, with `bytes` empty, when the stream

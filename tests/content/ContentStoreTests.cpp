@@ -1,7 +1,10 @@
 // The user's preset folder and signed packages as stores: create, rename, delete, import, tags,
 // loading into the plug-in, and packages refused for every kind of damage.
+#include "TestPackageKey.h"
 #include "content/PackageBuilder.h"
+#include "content/PackageKey.h"
 #include "content/PresetsContent.h"
+#include "content/XmlInput.h"
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
@@ -47,14 +50,10 @@ protected:
     ContentSource* store = nullptr;
 };
 
-/** A key pair shared by the package tests: small, so that making it costs nothing. */
+/** The committed test key pair, as the package tests use it. */
 const std::pair<juce::String, juce::String>& testKey()
 {
-    static const auto key = [] {
-        juce::String publicKey, privateKey;
-        PackageBuilder::createKeyPair(512, publicKey, privateKey);
-        return std::pair { publicKey, privateKey };
-    }();
+    static const std::pair<juce::String, juce::String> key { testkey::publicKey, testkey::privateKey };
     return key;
 }
 
@@ -132,6 +131,79 @@ TEST_F(Stores, ImportWritesANewFileAndRefusesTakenNames)
     EXPECT_EQ(store->importItem(third, "Stray"), nullptr) << "a file that exists is never overwritten";
 }
 
+TEST_F(Stores, NamesThatDifferOnlyInCaseStayApartOnACaseSensitiveFileSystem)
+{
+    const auto folder = user.getChildFile("UserStore/Presets");
+    const auto preset = [](const char* value)
+    {
+        return juce::String(R"(<Preset><Parameters><param name="FX Amount" value=")") + value +
+               R"("/></Parameters></Preset>)";
+    };
+    ASSERT_TRUE(folder.getChildFile("Bass.vmprs2").replaceWithText(preset("0.25")));
+    if (folder.getChildFile("bass.vmprs2").existsAsFile())
+        GTEST_SKIP() << "this file system ignores letter case";
+    ASSERT_TRUE(folder.getChildFile("bass.vmprs2").replaceWithText(preset("0.75")));
+    ASSERT_TRUE(folder.getChildFile("Pad.vmprs2").replaceWithText(preset("0.5")));
+    store->setEnabled(false);
+    store->setEnabled(true);
+    ASSERT_EQ(store->getItems().size(), 3);
+    EXPECT_EQ(store->find("bass")->name, "bass");
+    EXPECT_EQ(store->find("Bass")->name, "Bass");
+
+    // The exact name wins; letter case is ignored only when no exact name exists.
+    ASSERT_TRUE(store->openItem("bass"));
+    EXPECT_EQ(manager().getText(100000), "bass");
+    ASSERT_TRUE(store->openItem("Bass"));
+    EXPECT_EQ(manager().getText(100000), "Bass");
+    ASSERT_TRUE(store->openItem("PAD"));
+    EXPECT_EQ(manager().getText(100000), "Pad");
+
+    // A change of case onto another file's name is refused and changes nothing.
+    EXPECT_FALSE(store->renameItem(store->find("Bass"), "bass"));
+    EXPECT_EQ(folder.getChildFile("Bass.vmprs2").loadFileAsString(), preset("0.25"));
+    EXPECT_EQ(folder.getChildFile("bass.vmprs2").loadFileAsString(), preset("0.75"));
+    EXPECT_EQ(store->find("Bass")->name, "Bass");
+    EXPECT_TRUE(store->renameItem(store->find("Pad"), "PAD")) << "a change of case of the item's own file";
+    EXPECT_TRUE(folder.getChildFile("PAD.vmprs2").existsAsFile());
+}
+
+TEST_F(Stores, HiddenFilesAreNoItemsAndNamesNeverLeaveTheFolder)
+{
+    const auto folder = user.getChildFile("UserStore/Presets");
+    const juce::String document = R"(<Preset><Parameters/></Preset>)";
+    ASSERT_TRUE(folder.getChildFile(".Hidden.vmprs2").replaceWithText(document));
+    ASSERT_TRUE(folder.getChildFile(".Kept.vmprs2.tmp.vmprs2").replaceWithText(document));
+    ASSERT_TRUE(folder.getChildFile("Shown.vmprs2").replaceWithText(document));
+    store->setEnabled(false);
+    store->setEnabled(true);
+    EXPECT_EQ(names(*store), "Shown");
+
+    const auto outside = user.getChildFile("UserStore/x.vmprs2");
+    ASSERT_TRUE(outside.replaceWithText(document));
+    for (const char* name : {"../x", "a/b", ".", "..", ".Hidden", ""})
+    {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(store->addNew(name, {}), nullptr);
+        juce::MemoryInputStream stream(bytesOf(document), true);
+        EXPECT_EQ(store->importItem(stream, name), nullptr);
+        EXPECT_FALSE(store->renameItem(store->find("Shown"), name));
+        EXPECT_FALSE(store->deleteStoredItem(name));
+        EXPECT_FALSE(store->writeItemTags(name, ContentTags::fromText("Type:Jet")));
+    }
+    EXPECT_EQ(outside.loadFileAsString(), document);
+    EXPECT_FALSE(user.getChildFile("UserStore/Presets/a").exists());
+    EXPECT_EQ(names(*store), "Shown");
+    EXPECT_EQ(folder.findChildFiles(juce::File::findFilesAndDirectories, false, "*").size(), 3);
+}
+
+TEST_F(Stores, AnImportLargerThanAnyDocumentIsRefused)
+{
+    juce::MemoryBlock huge(XmlInput::maximumDocumentBytes + 1, true);
+    juce::MemoryInputStream stream(huge, false);
+    EXPECT_EQ(store->importItem(stream, "Huge"), nullptr);
+    EXPECT_FALSE(user.getChildFile("UserStore/Presets/Huge.vmprs2").exists());
+}
+
 TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
 {
     const auto& [publicKey, privateKey] = testKey();
@@ -203,4 +275,26 @@ TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
     }
     PresetsPackageContent<Preset> missing("Factory", plugin(), 0, user.getChildFile("none.q41pkg"), ".vmprs2", publicKey);
     EXPECT_FALSE(missing.getPackage().isValid());
+}
+
+TEST_F(Stores, KeysBelowTheFloorSignNoPackageAndAreNeverTrusted)
+{
+    EXPECT_EQ(packageKeyBits(testkey::publicKey), 2048);
+    EXPECT_EQ(packageKeyBits(testkey::privateKey), 2048);
+    EXPECT_EQ(packageKeyBits("10001,not hex"), 0);
+    EXPECT_GE(packageKeyBits(getProductPackageKey()), minimumPackageKeyBits) << "the build compiled in a weak key";
+
+    juce::String smallPublic, smallPrivate;
+    PackageBuilder::createKeyPair(512, smallPublic, smallPrivate);
+    EXPECT_EQ(packageKeyBits(smallPrivate), 512);
+    PackageBuilder builder(PackageDescription { "Velmarin", "Presets", "Factory", "Test", 1, "Q41", "Q41" });
+    builder.addEntry("Jet.vmprs2", bytesOf(R"(<Preset><Parameters/></Preset>)"));
+    const auto weak = user.getChildFile("Weak Factory.q41pkg");
+    EXPECT_FALSE(builder.write(weak, smallPrivate));
+    EXPECT_FALSE(weak.exists());
+
+    const auto strong = user.getChildFile("Strong Factory.q41pkg");
+    ASSERT_TRUE(builder.write(strong, testkey::privateKey));
+    EXPECT_TRUE(PackageFile(strong, testkey::publicKey).isValid());
+    EXPECT_FALSE(PackageFile(strong, smallPublic).isValid());
 }

@@ -2,10 +2,12 @@
 // set below the new document's size, so that the operating system refuses the rest of the write
 // half-way, each writer reports failure, the previous file stays byte for byte, and no temporary
 // file is left behind.
+#include "TestPackageKey.h"
 #include "content/PackageBuilder.h"
 #include "content/Preset.h"
 #include "content/PresetsContent.h"
 #include "content/SafeFile.h"
+#include "content/SafeFileBatch.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
 #include "plugin/PluginAudioProcessor.h"
@@ -14,6 +16,12 @@
 
 #include <csignal>
 #include <functional>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
 
 #include <sys/resource.h>
 
@@ -120,10 +128,8 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
 
     PackageBuilder builder(PackageDescription {});
     builder.addEntry("Jet.vmprs2", juce::MemoryBlock(previousPreset.toRawUTF8(), previousPreset.getNumBytesAsUTF8()));
-    juce::String publicKey, privateKey;
-    PackageBuilder::createKeyPair(512, publicKey, privateKey);
     const auto package = user.getChildFile("data/Presets/Factory.q41pkg");
-    expectWholeOrNothing(package, "an older package", [&] { return builder.write(package, privateKey); });
+    expectWholeOrNothing(package, "an older package", [&] { return builder.write(package, testkey::privateKey); });
 
     // The settings file is written at teardown, where nothing can report the failure: the file the
     // previous instance wrote must survive it.
@@ -143,4 +149,94 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     ASSERT_TRUE(SafeFile::writeText(mapFile, "new"));
     EXPECT_EQ(mapFile.loadFileAsString(), "new");
     EXPECT_FALSE(SafeFile::writeText(user, "a folder is not a file"));
+}
+
+TEST_F(SafeWrite, ALinkIsWrittenThroughAndStaysALink)
+{
+    const auto real = user.getChildFile("real/Velmarin.ini");
+    ASSERT_TRUE(real.getParentDirectory().createDirectory());
+    ASSERT_TRUE(real.replaceWithText("old"));
+    const auto relativeLink = user.getChildFile("relative.ini");
+    const auto chained = user.getChildFile("chained.ini");
+    ASSERT_EQ(::symlink("real/Velmarin.ini", relativeLink.getFullPathName().toRawUTF8()), 0);
+    ASSERT_EQ(::symlink(relativeLink.getFullPathName().toRawUTF8(), chained.getFullPathName().toRawUTF8()), 0);
+
+    ASSERT_TRUE(SafeFile::writeText(chained, "through two links"));
+    EXPECT_TRUE(chained.isSymbolicLink());
+    EXPECT_TRUE(relativeLink.isSymbolicLink());
+    EXPECT_EQ(real.loadFileAsString(), "through two links");
+    EXPECT_EQ(listing(real.getParentDirectory()), "Velmarin.ini") << "no temporary file is left behind";
+
+    // A link to a file not made yet makes that file.
+    const auto dangling = user.getChildFile("dangling.ini");
+    ASSERT_EQ(::symlink("real/new.ini", dangling.getFullPathName().toRawUTF8()), 0);
+    ASSERT_TRUE(SafeFile::writeText(dangling, "new"));
+    EXPECT_TRUE(dangling.isSymbolicLink());
+    EXPECT_EQ(user.getChildFile("real/new.ini").loadFileAsString(), "new");
+}
+
+TEST_F(SafeWrite, AFifoIsWrittenInPlaceAndNeverReplaced)
+{
+    const auto fifo = user.getChildFile("pipe");
+    ASSERT_EQ(::mkfifo(fifo.getFullPathName().toRawUTF8(), 0600), 0);
+    std::string received;
+    std::thread reader(
+        [&]
+        {
+            const int fd = ::open(fifo.getFullPathName().toRawUTF8(), O_RDONLY);
+            char buffer[256];
+            for (ssize_t n; fd >= 0 && (n = ::read(fd, buffer, sizeof(buffer))) > 0;)
+                received.append(buffer, static_cast<size_t>(n));
+            ::close(fd);
+        });
+    const bool written = SafeFile::writeText(fifo, "down the pipe");
+    reader.join();
+    EXPECT_TRUE(written);
+    EXPECT_EQ(received, "down the pipe");
+    struct stat info = {};
+    ASSERT_EQ(::lstat(fifo.getFullPathName().toRawUTF8(), &info), 0);
+    EXPECT_TRUE(S_ISFIFO(info.st_mode));
+    EXPECT_EQ(listing(user), "pipe");
+}
+
+TEST_F(SafeWrite, ADeviceNodeIsWrittenInPlaceAndNeverReplaced)
+{
+    const auto device = user.getChildFile("null");
+    if (::mknod(device.getFullPathName().toRawUTF8(), S_IFCHR | 0666, makedev(1, 3)) != 0)
+        GTEST_SKIP() << "mknod is not permitted here";
+    const int probe = ::open(device.getFullPathName().toRawUTF8(), O_WRONLY);
+    if (probe < 0)
+        GTEST_SKIP() << "the device cannot be opened here";
+    ::close(probe);
+
+    EXPECT_TRUE(SafeFile::writeText(device, "into the void"));
+    struct stat info = {};
+    ASSERT_EQ(::lstat(device.getFullPathName().toRawUTF8(), &info), 0);
+    EXPECT_TRUE(S_ISCHR(info.st_mode));
+    EXPECT_EQ(info.st_rdev, makedev(1, 3));
+    EXPECT_EQ(listing(user), "null");
+}
+
+TEST_F(SafeWrite, ABatchPutsNothingInPlaceUntilItCommits)
+{
+    const auto first = user.getChildFile("first.txt");
+    const auto second = user.getChildFile("second.txt");
+    ASSERT_TRUE(first.replaceWithText("old first"));
+    {
+        SafeFileBatch batch;
+        ASSERT_TRUE(batch.add(first, juce::MemoryBlock("new first", 9)));
+        EXPECT_FALSE(batch.add(user, juce::MemoryBlock("a folder", 8)));
+        // The batch is abandoned, as a run that fails later abandons its outputs.
+    }
+    EXPECT_EQ(first.loadFileAsString(), "old first");
+    EXPECT_EQ(listing(user), "first.txt");
+
+    SafeFileBatch batch;
+    ASSERT_TRUE(batch.add(first, juce::MemoryBlock("new first", 9)));
+    ASSERT_TRUE(batch.add(second, juce::MemoryBlock("new second", 10)));
+    EXPECT_FALSE(second.exists());
+    ASSERT_TRUE(batch.commit());
+    EXPECT_EQ(first.loadFileAsString(), "new first");
+    EXPECT_EQ(second.loadFileAsString(), "new second");
+    EXPECT_EQ(listing(user), "first.txt|second.txt");
 }

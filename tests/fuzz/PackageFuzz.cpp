@@ -1,10 +1,13 @@
 // A factory package (.q41pkg): the outer ZIP archive, the signature, the inner archive with its
 // description, and the preset documents inside, read as a content store reads them.
 //
-// The first byte chooses what the rest is. Even: a whole package file. Odd: only the inner
-// archive, which the body signs and wraps itself, so that the fuzzer reaches everything behind the
-// signature check. Both use a test key of this file, never the build's package key.
+// The first byte chooses what the rest is. Even: a whole package file, checked with the unit tests'
+// 2048-bit key (the seeds are signed with it). Odd: only the inner archive, which the body signs
+// with a small key of this file and wraps itself, so that the fuzzer reaches everything behind the
+// signature check quickly. Neither key is ever the build's package key.
 #include "FuzzSupport.h"
+
+#include "../content/TestPackageKey.h"
 
 #include "content/PackageBuilder.h"
 #include "content/PackageFile.h"
@@ -37,7 +40,7 @@ int fuzzPackage(const uint8_t* data, size_t size)
     FUZZ_CHECK(file.replaceWithData(bytes.getData(), bytes.getSize()));
 
     auto& plugin = fuzz::sharedProcessor().getPlugin();
-    PresetsPackageContent<Preset> store("Factory", plugin, 0, file, ".vmprs2", testPublicKey);
+    PresetsPackageContent<Preset> store("Factory", plugin, 0, file, ".vmprs2", wrapped ? testPublicKey : testkey::publicKey);
     const auto& package = store.getPackage();
 
     if (wrapped)

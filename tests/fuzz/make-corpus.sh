@@ -114,12 +114,16 @@ sed -e 's/default="no"/default="YES" file="\/tmp\/x.vmccmap"/' "$work/user/Velma
 sed -e 's/application="Velmarin"/application="Other"/' "$work/user/Velmarin.ini" >"$corpus/settings/other-product.ini"
 printf '<UserSettings application="velmarin"><MidiControlMap default="yes" file="relative/map.vmccmap"/></UserSettings>' >"$corpus/settings/relative.ini"
 
-# Packages, signed with the fuzz test key: the first byte 0 for a whole file, 1 for an inner archive.
-# The same test key as PackageFuzz.cpp.
-cat >"$work/test.key" <<'KEY'
-public=10001,aa96e0b61a14ee1bbfdc0515cca37704caf267bc3fe303e898aae48014511d08316d
-private=48b94794fa6b7fd2dea90a95ef86a47faadeb2433f00c5b5934db8ad14252283e3b5,aa96e0b61a14ee1bbfdc0515cca37704caf267bc3fe303e898aae48014511d08316d
-KEY
+# Packages, signed with the unit tests' key pair (tests/content/TestPackageKey.h), as PackageFuzz.cpp
+# checks whole packages: the first byte 0 for a whole file, 1 for an inner archive.
+python3 - "$here/../content/TestPackageKey.h" "$work/test.key" <<'PY'
+import sys, re
+text = open(sys.argv[1]).read()
+def key(name):
+    body = re.search(name + r" =\s*((?:\s*\"[0-9a-f,]*\")+);", text).group(1)
+    return "".join(re.findall(r'"([0-9a-f,]*)"', body))
+open(sys.argv[2], "w").write("public=%s\nprivate=%s\n" % (key("publicKey"), key("privateKey")))
+PY
 mkdir -p "$work/two"
 cp "$factory/Afterburner.vmprs2" "$factory/Bell Jar.vmprs2" "$work/two/"
 printf '<Preset tags="Type:Odd"><Parameters><param name="Preamp" value="1"/></Parameters></Preset>' >"$work/two/No Author.vmprs2"
@@ -142,5 +146,36 @@ printf 'Type:Flanger|Jet|Gritty;Modulation:Slow;Spatialize:Wide' >"$corpus/tags/
 printf 'Type:Chorus;Type:Flanger' >"$corpus/tags/twice.txt"
 printf 'Loose|Tags;;:Empty|;Name:;a:b:c|d' >"$corpus/tags/odd.txt"
 printf ';;|;:' >"$corpus/tags/separators.txt"
+
+# Documents nested just past the deepest nesting the reader accepts (256 levels), for every target
+# that reads XML, and one preset whose comment and CDATA section hold markup characters.
+python3 - "$corpus" <<'PY'
+import sys, struct, zipfile, io, pathlib
+corpus = pathlib.Path(sys.argv[1])
+def nest(outer, inner=b""):
+    # outer: list of (open, close) around 257 levels in all
+    levels = 257 - len(outer)
+    text = b"<a>" * levels + inner + b"</a>" * levels
+    for o, c in reversed(outer):
+        text = o + text + c
+    return text
+preset = nest([(b'<Preset version="1.0">', b"</Preset>"), (b"<Parameters>", b"</Parameters>")], b'<param name="Preamp" value="0.5"/>')
+(corpus / "preset" / "nested-too-deep.vmprs2").write_bytes(preset)
+(corpus / "preset" / "markup-in-comment.vmprs2").write_bytes(
+    b'<?xml version="1.0"?>\n<!-- Bass & Drums <? -->\n<Preset author="A &amp; B"><!-- & <?x --><Parameters>'
+    b'<![CDATA[ & <? <!DOCTYPE ]]><param name="Preamp" value="0.25"/><?keep going?> </Parameters></Preset>')
+state = nest([(b'<PluginState application="Velmarin">', b"</PluginState>"), (b"<ParametersState>", b"</ParametersState>"),
+              (b'<Preset name="Deep">', b"</Preset>")])
+(corpus / "state_chunk" / "nested-too-deep.bin").write_bytes(struct.pack("<II", 0x21324356, len(state) + 1) + state + b"\0")
+(corpus / "parameters" / "nested-too-deep.xml").write_bytes(nest([(b'<PluginParameters application="Velmarin">', b"</PluginParameters>")]))
+(corpus / "midi_map" / "nested-too-deep.vmccmap").write_bytes(nest([(b'<MidiControlMap name="Velmarin">', b"</MidiControlMap>")], b'<assign CC="7" param="Output Volume"/>'))
+(corpus / "host_map" / "nested-too-deep.vmhpmap").write_bytes(nest([(b'<HostParametersMap name="Velmarin">', b"</HostParametersMap>")]))
+(corpus / "settings" / "nested-too-deep.ini").write_bytes(nest([(b'<UserSettings application="Velmarin">', b"</UserSettings>")]))
+inner = io.BytesIO()
+with zipfile.ZipFile(inner, "w") as z:
+    z.writestr("__desc__", nest([(b'<Description product="Velmarin" name="Deep">', b"</Description>")]))
+    z.writestr("Deep.vmprs2", preset)
+(corpus / "package" / "nested-too-deep.bin").write_bytes(b"\1" + inner.getvalue())
+PY
 
 find "$corpus" -type f | wc -l

@@ -10,6 +10,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace
 {
 ParseResult parse(std::initializer_list<const char*> args)
@@ -24,7 +31,21 @@ struct Rendered
 {
     int status = -1;
     juce::String error, output;
+    juce::StringArray warnings;
 };
+
+Rendered render(const juce::StringArray& args)
+{
+    auto parsed = parseRenderOptions(args);
+    EXPECT_TRUE(parsed.ok()) << parsed.error;
+    RenderJob job(parsed.options);
+    Rendered r;
+    r.status = job.run();
+    r.error = job.error();
+    r.output = job.output();
+    r.warnings = job.warnings();
+    return r;
+}
 
 Rendered render(std::initializer_list<const char*> args)
 {
@@ -35,6 +56,7 @@ Rendered render(std::initializer_list<const char*> args)
     r.status = job.run();
     r.error = job.error();
     r.output = job.output();
+    r.warnings = job.warnings();
     return r;
 }
 
@@ -387,4 +409,139 @@ TEST_F(RenderTool, FactoryLibraryListsTaggedPresetsThatAllLoadAndSound)
     const auto unknown = render({ "--seconds", "0", "--preset", "No Such Sound", "--data-dir", dataPath.toRawUTF8() });
     EXPECT_EQ(unknown.status, 2);
     folders.deleteRecursively();
+}
+
+TEST(RenderOptions, AskingForNoOutputIsBadUsageAndHelpStatesTheLimits)
+{
+    EXPECT_FALSE(parse({ "--in", "x.wav", "--set", "Preamp=0.5" }).options.asksForOutput());
+    for (const auto& args : std::vector<std::vector<const char*>> {
+             { "--out", "o.wav" }, { "--print-params" }, { "--list-presets" }, { "--bench" }, { "--state-out", "s" },
+             { "--save-preset", "p" }, { "--spectrogram", "s.png" } })
+    {
+        juce::StringArray list;
+        for (auto* a : args)
+            list.add(a);
+        EXPECT_TRUE(parseRenderOptions(list).options.asksForOutput()) << args[0];
+    }
+    EXPECT_TRUE(renderUsage().contains(juce::String(RenderJob::maximumFrames) + " frames"));
+    EXPECT_TRUE(renderUsage().contains("16 MB"));
+}
+
+TEST_F(RenderTool, UnreadableStateMapAndInputFilesExitTwoWithOneLineSayingWhy)
+{
+    ASSERT_TRUE(outFile.getFile().replaceWithText("precious"));
+    const auto folder = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("bad-files", {}, false);
+    ASSERT_TRUE(folder.createDirectory());
+    const auto preset = folder.getChildFile("p.vmprs2");
+    ASSERT_TRUE(preset.replaceWithText(R"(<Preset><Parameters/></Preset>)"));
+    juce::TemporaryFile good(".bin");
+    ASSERT_EQ(render({ "--seconds", "0", "--state-out", good.getFile().getFullPathName().toRawUTF8() }).status, 0);
+    juce::MemoryBlock chunk;
+    ASSERT_TRUE(good.getFile().loadFileAsData(chunk));
+    juce::Random random(16);
+    juce::MemoryBlock noise(600);
+    random.fillBitsRandomly(noise.getData(), noise.getSize());
+    juce::MemoryBlock wrongRoot;
+    juce::AudioProcessor::copyXmlToBinary(juce::XmlElement("Other"), wrongRoot);
+
+    const std::vector<std::pair<const char*, juce::MemoryBlock>> states = {
+        { "empty", {} }, { "random", noise }, { "truncated", juce::MemoryBlock(chunk.getData(), chunk.getSize() / 2) },
+        { "wrong-root", wrongRoot }, { "preset", juce::MemoryBlock(preset.loadFileAsString().toRawUTF8(), preset.loadFileAsString().getNumBytesAsUTF8()) } };
+    for (const auto& [name, bytes] : states)
+    {
+        const auto file = folder.getChildFile(name);
+        ASSERT_TRUE(bytes.isEmpty() ? file.create().wasOk() : file.replaceWithData(bytes.getData(), bytes.getSize()));
+        const auto r = render({ "--state-in", file.getFullPathName(), "--out", outPath() });
+        EXPECT_EQ(r.status, 2) << name;
+        EXPECT_TRUE(r.error.endsWith("not a Velmarin state chunk")) << r.error;
+    }
+
+    const auto expectError = [&](const juce::StringArray& args, const char* why) {
+        const auto r = render(args);
+        EXPECT_EQ(r.status, 2) << args.joinIntoString(" ");
+        EXPECT_TRUE(r.error.endsWith(why)) << r.error;
+        EXPECT_FALSE(r.error.containsChar('\n'));
+    };
+    expectError({ "--in", folder.getFullPathName(), "--out", outPath() }, "is a folder, not a file");
+    expectError({ "--in", "/nonexistent/in.wav", "--out", outPath() }, "no such file");
+    expectError({ "--in", preset.getFullPathName(), "--out", outPath() }, "not a WAV, AIFF or FLAC file");
+    expectError({ "--midi-map", "/nonexistent/map.vmccmap", "--out", outPath() }, "no such file");
+    expectError({ "--midi-map", preset.getFullPathName(), "--out", outPath() }, "not a Velmarin MIDI control map");
+    expectError({ "--state-in", folder.getFullPathName(), "--out", outPath() }, "is a folder, not a file");
+    ::chmod(preset.getFullPathName().toRawUTF8(), 0);
+    if (! juce::FileInputStream(preset).openedOk()) // an administrator reads it anyway
+        expectError({ "--in", preset.getFullPathName(), "--out", outPath() }, "cannot be opened (no permission to read it?)");
+    EXPECT_EQ(outFile.getFile().loadFileAsString(), "precious");
+    folder.deleteRecursively();
+}
+
+TEST_F(RenderTool, AnInputCutShortIsReadAsFarAsItHoldsDataWithAWarning)
+{
+    // A WAV file of about 1 KB whose header declares 4 GB of samples.
+    ASSERT_EQ(render({ "--seconds", "0.01", "--rate", "8000", "--out", outPath() }).status, 0);
+    juce::MemoryBlock wav;
+    ASSERT_TRUE(outFile.getFile().loadFileAsData(wav));
+    const auto frames = openWav(outFile.getFile())->lengthInSamples;
+    auto* bytes = static_cast<uint8_t*>(wav.getData());
+    const std::string tag = "data";
+    const auto found = std::search(bytes, bytes + wav.getSize(), tag.begin(), tag.end());
+    ASSERT_NE(found, bytes + wav.getSize());
+    const juce::uint32 declared = 0xfffffff0u;
+    std::memcpy(found + 4, &declared, 4); // little-endian machine
+    juce::TemporaryFile cut(".wav");
+    ASSERT_TRUE(cut.getFile().replaceWithData(wav.getData(), wav.getSize()));
+
+    juce::TemporaryFile out(".wav");
+    const auto r = render({ "--in", cut.getFile().getFullPathName(), "--out", out.getFile().getFullPathName() });
+    ASSERT_EQ(r.status, 0) << r.error;
+    ASSERT_EQ(r.warnings.size(), 1);
+    EXPECT_TRUE(r.warnings[0].contains("cut short")) << r.warnings[0];
+    EXPECT_EQ(openWav(out.getFile())->lengthInSamples, frames);
+
+    // Lengths beyond what a run holds are refused before anything is made.
+    const auto tooLong = render({ "--rate", "192000", "--seconds", "3600", "--out", outPath() });
+    EXPECT_EQ(tooLong.status, 2);
+    EXPECT_TRUE(tooLong.error.startsWith("render is too long"));
+    EXPECT_EQ(render({ "--rate", "192000", "--seconds", "300", "--tail", "300", "--out", outPath() }).status, 2);
+}
+
+TEST_F(RenderTool, OutputsArePutInPlaceAllOrNothing)
+{
+    ASSERT_TRUE(outFile.getFile().replaceWithText("precious"));
+    juce::TemporaryFile state(".bin");
+    ASSERT_TRUE(state.getFile().replaceWithText("old state"));
+    const auto r = render({ "--seconds", "0.05", "--out", outPath(), "--state-out", state.getFile().getFullPathName(),
+                            "--spectrogram", "/nonexistent/folder/picture.png" });
+    EXPECT_EQ(r.status, 2);
+    EXPECT_TRUE(r.error.contains("spectrogram"));
+    EXPECT_EQ(outFile.getFile().loadFileAsString(), "precious");
+    EXPECT_EQ(state.getFile().loadFileAsString(), "old state");
+
+    // A device is written in place, after the regular files, and stays what it was.
+    ASSERT_EQ(render({ "--seconds", "0.05", "--out", "/dev/null", "--state-out", state.getFile().getFullPathName() }).status, 0);
+    struct stat info = {};
+    ASSERT_EQ(::lstat("/dev/null", &info), 0);
+    EXPECT_TRUE(S_ISCHR(info.st_mode));
+    EXPECT_NE(state.getFile().loadFileAsString(), "old state");
+}
+
+TEST_F(RenderTool, FindsTheFactoryPackageTheBuildSignedFromTheBuildTree)
+{
+    const juce::File package(VELMARIN_FACTORY_PACKAGE);
+    ASSERT_TRUE(package.existsAsFile());
+    const auto countFactory = [](const Rendered& r) {
+        int count = 0;
+        for (const auto& line : juce::StringArray::fromLines(r.output))
+            count += line.startsWith("Factory\t") ? 1 : 0;
+        return count;
+    };
+    // The test runs from the build tree with an empty private data folder.
+    const auto plain = render({ "--list-presets" });
+    ASSERT_EQ(plain.status, 0) << plain.error;
+    EXPECT_GE(countFactory(plain), 40);
+    for (const auto& folder : { package.getParentDirectory(), package.getParentDirectory().getParentDirectory() })
+        EXPECT_EQ(countFactory(render({ "--list-presets", "--data-dir", folder.getFullPathName() })), countFactory(plain))
+            << folder.getFullPathName();
+    const auto jet = render({ "--seconds", "0", "--preset", "Jet Stream", "--print-params" });
+    EXPECT_EQ(jet.status, 0) << jet.error;
 }

@@ -5,6 +5,7 @@
 
 #include "content/FactoryScan.h"
 #include "content/SafeFile.h"
+#include "content/SafeFileBatch.h"
 #include "content/XmlInput.h"
 #include "parameters/BoolParameter.h"
 #include "parameters/EnumParameter.h"
@@ -61,9 +62,86 @@ double threadCpuSeconds()
     return static_cast<double>(ts.tv_sec) + static_cast<double>(ts.tv_nsec) * 1.0e-9;
 }
 
-bool readWholeFile(const juce::File& file, juce::MemoryBlock& data)
+/** Why a file given as input cannot be read, or empty when it can be opened. */
+juce::String whyUnreadable(const juce::File& file)
 {
-    return file.existsAsFile() && file.loadFileAsData(data);
+    if (file.isDirectory())
+        return "is a folder, not a file";
+    if (! file.exists())
+        return "no such file";
+    if (! juce::FileInputStream(file).openedOk())
+        return "cannot be opened (no permission to read it?)";
+    return {};
+}
+
+/** The input in host-sized blocks: a file read ahead in pieces, never further than its data
+    reaches, or a signal already in memory. */
+class InputFeed
+{
+public:
+    explicit InputFeed(juce::AudioBuffer<float> signal)
+        : buffer(std::move(signal)), channels(buffer.getNumChannels()), length(buffer.getNumSamples())
+    {
+    }
+
+    InputFeed(std::unique_ptr<juce::AudioFormatReader> fileReader, juce::int64 frames)
+        : reader(std::move(fileReader)), channels(static_cast<int>(reader->numChannels)), length(frames)
+    {
+        buffer.setSize(channels, pieceFrames);
+    }
+
+    int getNumChannels() const noexcept { return channels; }
+    juce::int64 getLength() const noexcept { return length; }
+
+    /** Copies `n` frames from `start` of the input's channel `source` to channel `destination` of
+        `block`; frames past the end are left as they are. */
+    void copyTo(juce::AudioBuffer<float>& block, int destination, int source, juce::int64 start, int n)
+    {
+        const int available = static_cast<int>(std::clamp<juce::int64>(length - start, 0, n));
+        if (available <= 0)
+            return;
+        if (reader == nullptr)
+        {
+            block.copyFrom(destination, 0, buffer, source, static_cast<int>(start), available);
+            return;
+        }
+        if (start < pieceStart || start + available > pieceStart + pieceFrames)
+        {
+            pieceStart = start;
+            const int count = static_cast<int>(std::min<juce::int64>(pieceFrames, length - start));
+            buffer.clear();
+            reader->read(&buffer, 0, count, start, true, true);
+        }
+        block.copyFrom(destination, 0, buffer, source, static_cast<int>(start - pieceStart), available);
+    }
+
+    /** Frames read from a file at a time; at least the largest host block. */
+    static constexpr int pieceFrames = 65536;
+
+private:
+    std::unique_ptr<juce::AudioFormatReader> reader;
+    juce::AudioBuffer<float> buffer;
+    int channels;
+    juce::int64 length;
+    juce::int64 pieceStart = -1;
+};
+
+/** How many frames an uncompressed file holds: its header may declare more than the file has
+    (a cut file, or a damaged one). Compressed formats are taken at their word; reading past their
+    data gives silence. */
+juce::int64 framesPresent(juce::AudioFormatReader& reader, juce::int64 fileSize)
+{
+    const auto format = reader.getFormatName();
+    const auto bytesPerFrame =
+        static_cast<juce::int64>(reader.numChannels) * static_cast<juce::int64>(reader.bitsPerSample) / 8;
+    if (! (format.startsWith("WAV") || format.startsWith("AIFF")) || reader.input == nullptr || bytesPerFrame <= 0 ||
+        reader.lengthInSamples <= 0)
+        return reader.lengthInSamples;
+    // Where the data begins: the stream stands one frame past it after the first frame is read.
+    juce::AudioBuffer<float> frame(static_cast<int>(reader.numChannels), 1);
+    reader.read(&frame, 0, 1, 0, true, true);
+    const auto dataStart = std::max<juce::int64>(0, reader.input->getPosition() - bytesPerFrame);
+    return std::clamp<juce::int64>((fileSize - dataStart) / bytesPerFrame, 0, reader.lengthInSamples);
 }
 
 /** The folders of the plug-in this job starts: the ones given, and a private temporary user folder
@@ -114,6 +192,34 @@ juce::String readableForm(const Parameter& p)
     return "any text";
 }
 
+/** The folder of factory packages for a --data-dir value: the folder itself when it holds
+    packages, else its "Presets" (or "presets", as a build tree names it). Without a value, the
+    plug-in's data folder's "Presets", and when that holds none and the tool runs from its build
+    tree, the packages the build signed. */
+juce::File packageFolderFor(const juce::File& dataDir, const juce::File& dataFolder)
+{
+    const auto holdsPackages = [](const juce::File& folder) {
+        return folder.isDirectory() &&
+               ! folder.findChildFiles(juce::File::findFiles, false, "*Factory*.q41pkg").isEmpty();
+    };
+    if (dataDir != juce::File())
+    {
+        for (const auto& folder : {dataDir, dataDir.getChildFile("Presets"), dataDir.getChildFile("presets")})
+            if (holdsPackages(folder))
+                return folder;
+        return dataDir.getChildFile("Presets");
+    }
+    const auto installed = dataFolder.getChildFile("Presets");
+#ifdef VELMARIN_BUILD_DIR
+    const juce::File buildDir(VELMARIN_BUILD_DIR);
+    const auto executable = juce::File::getSpecialLocation(juce::File::currentExecutableFile);
+    if (! holdsPackages(installed) && executable.isAChildOf(buildDir) &&
+        holdsPackages(buildDir.getChildFile("presets")))
+        return buildDir.getChildFile("presets");
+#endif
+    return installed;
+}
+
 /** The file a --preset value names, or an empty file when it names none. */
 juce::File presetFileFor(const juce::String& value)
 {
@@ -136,40 +242,61 @@ int RenderJob::fail(const juce::String& message)
 int RenderJob::run()
 {
     // The input, before the plug-in starts: bad input must not cost a start-up.
-    juce::AudioBuffer<float> input;
+    std::unique_ptr<InputFeed> input;
     double rate = options.rate;
+    const auto tooLong =
+        "render is too long: input and tail may hold at most " + juce::String(maximumFrames) + " frames";
     if (options.inputFile != juce::File())
     {
-        if (! options.inputFile.existsAsFile())
-            return fail("cannot read input file " + options.inputFile.getFullPathName() + ": no such file");
+        const auto path = options.inputFile.getFullPathName();
+        if (const auto why = whyUnreadable(options.inputFile); why.isNotEmpty())
+            return fail("cannot read input file " + path + ": " + why);
         juce::AudioFormatManager formats;
         formats.registerBasicFormats();
         std::unique_ptr<juce::AudioFormatReader> reader(formats.createReaderFor(options.inputFile));
         if (reader == nullptr)
-            return fail("cannot read input file " + options.inputFile.getFullPathName() + ": not a WAV, AIFF or FLAC file");
+            return fail("cannot read input file " + path + ": not a WAV, AIFF or FLAC file");
         if (reader->numChannels < 1 || reader->numChannels > 2)
             return fail("input file has " + juce::String(reader->numChannels) + " channels; 1 or 2 are supported");
         if (reader->sampleRate < BasePlugin::minimumSampleRate || reader->sampleRate > BasePlugin::maximumSampleRate)
             return fail("input file's rate " + juce::String(reader->sampleRate) + " Hz is outside 8000..768000");
-        if (reader->lengthInSamples > std::numeric_limits<int>::max())
-            return fail("input file is too long");
+        const auto present = framesPresent(*reader, options.inputFile.getSize());
+        if (present < reader->lengthInSamples)
+            warningLines.add("input file " + path + " is cut short: its header declares " +
+                             juce::String(reader->lengthInSamples) + " frames, it holds " + juce::String(present));
+        if (present > maximumFrames)
+            return fail(tooLong);
         rate = reader->sampleRate;
-        input.setSize(static_cast<int>(reader->numChannels), static_cast<int>(reader->lengthInSamples));
-        if (! reader->read(&input, 0, input.getNumSamples(), 0, true, true))
-            return fail("cannot read input file " + options.inputFile.getFullPathName() + ": read error");
+        input = std::make_unique<InputFeed>(std::move(reader), present);
     }
     else
     {
-        input = makeDemoSignal(rate, options.seconds);
+        if (std::llround(options.seconds * rate) + std::llround(options.tailSeconds * rate) > maximumFrames)
+            return fail(tooLong);
+        input = std::make_unique<InputFeed>(makeDemoSignal(rate, options.seconds));
     }
 
-    const juce::String layout = options.layout.isNotEmpty() ? options.layout : (input.getNumChannels() == 2 ? "2-2" : "1-1");
+    const juce::String layout =
+        options.layout.isNotEmpty() ? options.layout : (input->getNumChannels() == 2 ? "2-2" : "1-1");
     const int numIns = layout == "2-2" ? 2 : 1;
     const int numOuts = layout == "1-1" ? 1 : 2;
 
+    const juce::int64 inputLength = input->getLength();
+    const juce::int64 tailLength = static_cast<juce::int64>(std::llround(options.tailSeconds * rate));
+    const juce::int64 total = inputLength + tailLength;
+    if (total > maximumFrames)
+        return fail(tooLong);
+
     juce::MemoryBlock stateIn;
-    if (options.stateIn != juce::File() && ! readWholeFile(options.stateIn, stateIn))
-        return fail("cannot read state file " + options.stateIn.getFullPathName());
+    if (options.stateIn != juce::File())
+    {
+        const auto path = options.stateIn.getFullPathName();
+        if (const auto why = whyUnreadable(options.stateIn); why.isNotEmpty())
+            return fail("cannot read state file " + path + ": " + why);
+        juce::FileInputStream stream(options.stateIn);
+        if (! XmlInput::readAtMost(stream, XmlInput::maximumDocumentBytes, stateIn))
+            return fail("cannot read state file " + path + ": larger than any state chunk");
+    }
 
     // A --preset that names an existing file must be a preset document; any other value is looked
     // up by name in the content stores once the plug-in runs.
@@ -187,20 +314,31 @@ int RenderJob::run()
     auto& plugin = processor.getPlugin();
     auto& manager = plugin.getParameterManager();
 
-    // 2. State.
-    if (! stateIn.isEmpty())
+    // 2. State: only a chunk this plug-in would take.
+    if (options.stateIn != juce::File())
+    {
+        const auto xml = XmlInput::parseBinaryState(stateIn.getData(), static_cast<int>(stateIn.getSize()));
+        if (xml == nullptr || ! plugin.isPluginState(*xml))
+            return fail("cannot read state file " + options.stateIn.getFullPathName() + ": not a Velmarin state chunk");
         processor.setStateInformation(stateIn.getData(), static_cast<int>(stateIn.getSize()));
+    }
 
     // 3. The MIDI control map.
-    if (options.midiMapFile != juce::File() && ! plugin.getMidiMap().loadFromFile(options.midiMapFile))
-        return fail("cannot read MIDI map file " + options.midiMapFile.getFullPathName() + ": not a Velmarin MIDI control map");
+    if (options.midiMapFile != juce::File())
+    {
+        const auto path = options.midiMapFile.getFullPathName();
+        if (const auto why = whyUnreadable(options.midiMapFile); why.isNotEmpty())
+            return fail("cannot read MIDI map file " + path + ": " + why);
+        if (! plugin.getMidiMap().loadFromFile(options.midiMapFile))
+            return fail("cannot read MIDI map file " + path + ": not a Velmarin MIDI control map");
+    }
 
     // The content stores, as the browser lists them: factory packages first, then the user store.
     TagRegistry registry;
     juce::OwnedArray<ContentSource> packages;
     juce::Array<ContentSource*> stores;
     if (options.listPresets || (options.preset.isNotEmpty() && presetFile == juce::File()))
-        scanContentStores(plugin, registry, packages, stores);
+        scanContentStores(plugin, registry, packages, stores, packageFolderFor(options.dataDir, plugin.getDirectory("AppData")));
 
     // 4. The preset, as a preset load of slot 0 does: a file, or else a stored item of that name.
     if (presetFile != juce::File())
@@ -258,12 +396,6 @@ int RenderJob::run()
     }
 
     // 8 and 9. The input, then the tail of silence, in host-sized blocks.
-    const int inputLength = input.getNumSamples();
-    const juce::int64 tailLength = static_cast<juce::int64>(std::llround(options.tailSeconds * rate));
-    const juce::int64 total = inputLength + tailLength;
-    if (total > std::numeric_limits<int>::max())
-        return fail("render is too long");
-
     juce::AudioBuffer<float> result(numOuts, static_cast<int>(total));
     juce::AudioBuffer<float> block(2, options.blockSize);
     juce::MidiBuffer midi;
@@ -277,10 +409,7 @@ int RenderJob::run()
         for (int ch = 0; ch < numIns; ++ch)
         {
             // A stereo file into a mono input uses its left channel.
-            const int source = std::min(ch, input.getNumChannels() - 1);
-            const int available = static_cast<int>(std::clamp<juce::int64>(inputLength - start, 0, n));
-            if (available > 0)
-                block.copyFrom(ch, 0, input, source, static_cast<int>(start), available);
+            input->copyTo(block, ch, std::min(ch, input->getNumChannels() - 1), start, n);
         }
 
         midi.clear();
@@ -308,12 +437,14 @@ int RenderJob::run()
     processor.releaseResources();
     processor.setPlayHead(nullptr);
 
-    // 10. State, parameter listing, output file.
+    // 10. State, preset, parameter listing, output files. Every file is made in memory first and
+    // staged; they are put in place together, so a failing one leaves every target as it was.
+    SafeFileBatch files;
     if (options.stateOut != juce::File())
     {
         juce::MemoryBlock state;
         processor.getStateInformation(state);
-        if (! SafeFile::write(options.stateOut, state))
+        if (! files.add(options.stateOut, state))
             return fail("cannot write state file " + options.stateOut.getFullPathName());
     }
 
@@ -322,7 +453,8 @@ int RenderJob::run()
         Preset preset;
         plugin.storeToPreset(preset, 0);
         preset.setVersion("1.0");
-        if (! preset.saveToFile(options.savePreset, manager))
+        const auto xml = preset.createXml(manager, false);
+        if (xml == nullptr || ! files.add(options.savePreset, SafeFile::xmlDocument(*xml)))
             return fail("cannot write preset file " + options.savePreset.getFullPathName());
     }
 
@@ -360,7 +492,7 @@ int RenderJob::run()
             if (! writer->writeFromAudioSampleBuffer(result, 0, result.getNumSamples()))
                 return fail("cannot write output file " + options.outputFile.getFullPathName());
         }
-        if (! SafeFile::write(options.outputFile, wavData))
+        if (! files.add(options.outputFile, wavData))
             return fail("cannot write output file " + options.outputFile.getFullPathName());
     }
 
@@ -368,8 +500,12 @@ int RenderJob::run()
     {
         const auto title = "Velmarin output, " + juce::String(rate, 0) + " Hz"
                          + (options.outputFile != juce::File() ? " (" + options.outputFile.getFileName() + ")" : juce::String());
-        if (! Spectrogram::writePng(Spectrogram::render(result, rate, title), options.spectrogram))
+        juce::MemoryBlock png;
+        if (! Spectrogram::encodePng(Spectrogram::render(result, rate, title), png) ||
+            ! files.add(options.spectrogram, png))
             return fail("cannot write spectrogram file " + options.spectrogram.getFullPathName());
     }
+    if (! files.commit())
+        return fail("cannot put the output files in place");
     return 0;
 }

@@ -16,6 +16,11 @@ public:
 
     const juce::String& error() const noexcept { return errorText; }
     const juce::String& output() const noexcept { return outputText; }
+    /** Lines for standard error about what the run worked around (a cut input file). */
+    const juce::StringArray& warnings() const noexcept { return warningLines; }
+
+    /** The most frames a run renders, input and tail together: the output is held in memory. */
+    static constexpr juce::int64 maximumFrames = juce::int64{1} << 26;
 
 private:
     int fail(const juce::String& message);
@@ -23,4 +28,5 @@ private:
     RenderOptions options;
     juce::String errorText;
     juce::String outputText;
+    juce::StringArray warningLines;
 };

@@ -57,7 +57,17 @@ juce::String renderUsage()
            "  --spectrogram FILE     draw the output's spectrum over time into a PNG file\n"
            "  --user-dir DIR         user folder (default: a private temporary folder)\n"
            "  --data-dir DIR         data folder\n"
-           "  --help                 this text\n";
+           "  --help                 this text\n"
+           "\n"
+           "At least one of --out, --print-params, --list-presets, --bench, --state-out, --save-preset\n"
+           "and --spectrogram is needed. Limits: input and tail together at most 67108864 frames\n"
+           "(25 minutes at 44100 Hz, 5.8 minutes at 192000 Hz), held in memory; --seconds and --tail\n"
+           "at most 3600; an input file is read only as far as it holds data (a warning tells when its\n"
+           "header declares more); preset, state and map files at most 16 MB.\n"
+           "Files are written only when every output could be made: all of them or none. A file is\n"
+           "replaced whole; a link is written through; a device or FIFO is written in place, last.\n"
+           "Exit status: 0 on success, 2 on bad usage, bad input or a failed write (one line on\n"
+           "standard error).\n";
 }
 
 ParseResult parseRenderOptions(const juce::StringArray& args)

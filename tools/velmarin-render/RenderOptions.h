@@ -44,6 +44,13 @@ struct RenderOptions
     juce::File userDir;
     juce::File dataDir;
     bool help = false;
+
+    /** Whether the run is asked to produce anything: a file, or text on standard output. */
+    bool asksForOutput() const
+    {
+        return outputFile != juce::File() || printParams || listPresets || bench || stateOut != juce::File() ||
+               savePreset != juce::File() || spectrogram != juce::File();
+    }
 };
 
 /** The outcome of parsing: options, or the one line that explains what is wrong. */

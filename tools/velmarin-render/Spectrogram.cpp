@@ -180,11 +180,8 @@ juce::Image Spectrogram::render(const juce::AudioBuffer<float>& audio, double sa
     return image;
 }
 
-bool Spectrogram::writePng(const juce::Image& image, const juce::File& file)
+bool Spectrogram::encodePng(const juce::Image& image, juce::MemoryBlock& png)
 {
-    juce::MemoryOutputStream stream;
-    juce::PNGImageFormat png;
-    if (! png.writeImageToStream(image, stream))
-        return false;
-    return SafeFile::write(file, stream.getData(), stream.getDataSize());
+    juce::MemoryOutputStream stream(png, false);
+    return juce::PNGImageFormat().writeImageToStream(image, stream);
 }

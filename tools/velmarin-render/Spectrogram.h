@@ -16,8 +16,8 @@ public:
     /** Draws the picture; `title` is printed above the plot. */
     static juce::Image render(const juce::AudioBuffer<float>& audio, double sampleRate, const juce::String& title);
 
-    /** Writes the picture as PNG; false when the file cannot be written. */
-    static bool writePng(const juce::Image& image, const juce::File& file);
+    /** The picture as PNG bytes; false when it cannot be encoded. */
+    static bool encodePng(const juce::Image& image, juce::MemoryBlock& png);
 
     /** In-place radix-2 FFT of n = re.size() points (a power of two). */
     static void fft(std::vector<double>& re, std::vector<double>& im);

@@ -22,12 +22,19 @@ int main(int argc, char* argv[])
         std::cout << renderUsage();
         return 0;
     }
+    if (! parsed.options.asksForOutput())
+    {
+        std::cerr << renderUsage();
+        return 2;
+    }
 
     // Parameters post their asynchronous updates to a message queue, as in a host.
     const juce::ScopedJuceInitialiser_GUI juce;
     RenderJob job(std::move(parsed.options));
     const int status = job.run();
     std::cout << job.output() << std::flush;
+    for (const auto& warning : job.warnings())
+        std::cerr << "velmarin-render: warning: " << warning << std::endl;
     if (status != 0)
         std::cerr << "velmarin-render: " << job.error() << std::endl;
     return status;
