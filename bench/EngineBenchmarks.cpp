@@ -4,8 +4,8 @@
 // runs beside the fast one and the speed-up is printed at the end.
 #include "engine/VelmarinCore.h"
 #include "plugin/FolderRule.h"
-#include "plugin/PluginAudioProcessor.h"
-#include "plugin/Velmarin.h"
+#include "product/VelmarinProcessor.h"
+#include "product/Velmarin.h"
 
 #include <benchmark/benchmark.h>
 #include <juce_events/juce_events.h>
@@ -94,7 +94,7 @@ struct Instance
         processor.processBlock(buffer, midi);
     }
 
-    PluginAudioProcessor processor;
+    VelmarinProcessor processor;
     juce::AudioBuffer<float> buffer, input;
     juce::MidiBuffer midi;
 };
@@ -158,7 +158,7 @@ void BM_Construction(benchmark::State& state)
     for (auto _ : state)
     {
         const auto before = mallinfo2().uordblks;
-        auto instance = std::make_unique<PluginAudioProcessor>();
+        auto instance = std::make_unique<VelmarinProcessor>();
         heldBytes = static_cast<double>(mallinfo2().uordblks - before);
         instance.reset();
     }

@@ -7,7 +7,7 @@
 set -euo pipefail
 
 root=$(cd "$(dirname "$0")/.." && pwd)
-artefacts="$root/build/src/Velmarin_artefacts/Release"
+artefacts="$root/build/Velmarin_artefacts/Release"
 package="$root/build/presets/Velmarin Factory.q41pkg"
 [ -d "$artefacts/VST3/Velmarin.vst3" ] || { echo "install: build first (bash scripts/demo.sh)" >&2; exit 2; }
 

@@ -19,7 +19,7 @@
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 pluginval="$root/build/pluginval/pluginval_artefacts/Release/pluginval"
-bundle="$root/build/src/Velmarin_artefacts/Release/LV2/Velmarin.lv2"
+bundle="$root/build/Velmarin_artefacts/Release/LV2/Velmarin.lv2"
 [ -x "$pluginval" ] && [ -d "$bundle" ] || { echo "build first: bash scripts/test.sh" >&2; exit 2; }
 command -v gdb >/dev/null || { echo "gdb is needed" >&2; exit 2; }
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The test command: sets up, builds, runs every unit test (plain, and with AddressSanitizer and
+# The test command: sets up, checks the layer order of the source folders, builds, runs every unit test (plain, and with AddressSanitizer and
 # UndefinedBehaviorSanitizer in a clang build), runs every fuzz target briefly on its corpus, then
 # validates the VST3 and LV2 plug-ins with pluginval at strictness 10 (VST3 also in a random test
 # order). Exits non-zero on any failure.
@@ -11,6 +11,9 @@ jobs=$(nproc)
 shared="$root/../shared"
 
 bash scripts/setup.sh
+
+echo "== layer order of the source folders"
+bash scripts/check-layers.sh
 
 echo "== build (Release)"
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=Release >build.configure.log 2>&1 \
@@ -46,7 +49,7 @@ if ! pluginval=$(CMAKE_C_COMPILER_LAUNCHER="$launcher" CMAKE_CXX_COMPILER_LAUNCH
   tail -n 40 "$pvdir.configure.log" "$pvdir.build.log" 2>/dev/null || true
   echo "pluginval could not be built"; exit 1
 fi
-artefacts="$root/build/src/Velmarin_artefacts/Release"
+artefacts="$root/build/Velmarin_artefacts/Release"
 # Every instance pluginval makes keeps its settings in a private folder, never the user's own.
 pvfolders=$(mktemp -d)
 lv2home=$(mktemp -d)

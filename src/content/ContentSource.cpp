@@ -1,7 +1,7 @@
 #include "ContentSource.h"
 
-#include "SafeFile.h"
-#include "XmlInput.h"
+#include "io/SafeFile.h"
+#include "io/XmlInput.h"
 
 ContentSource::ContentSource(const juce::String& storeName)
     : name(storeName)

@@ -1,6 +1,6 @@
 #include "PackageBuilder.h"
 
-#include "SafeFile.h"
+#include "io/SafeFile.h"
 #include "PackageFile.h"
 #include "PackageKey.h"
 

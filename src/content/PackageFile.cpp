@@ -1,5 +1,5 @@
 #include "PackageFile.h"
-#include "XmlInput.h"
+#include "io/XmlInput.h"
 
 #include <juce_cryptography/juce_cryptography.h>
 

@@ -2,11 +2,6 @@
 
 #include <juce_core/juce_core.h>
 
-/** The public RSA key that factory packages must be signed with ("exponent,modulus" in
-    hexadecimal). The build generates its definition from the package key file, so the plug-in
-    accepts exactly the packages that build signed. */
-juce::String getProductPackageKey();
-
 /** The fewest bits a package key's modulus may have. Keys are refused below it when made,
     when signing a package, when the build compiles one in, and when the plug-in would trust one. */
 constexpr int minimumPackageKeyBits = 2048;

@@ -1,9 +1,9 @@
 #include "Preset.h"
 
-#include "SafeFile.h"
-#include "XmlInput.h"
-#include "../parameters/Parameter.h"
-#include "../parameters/ParameterManager.h"
+#include "io/SafeFile.h"
+#include "io/XmlInput.h"
+#include "parameters/Parameter.h"
+#include "parameters/ParameterManager.h"
 
 Preset::Preset(juce::InputStream& stream, const ParameterManager& manager, bool headerOnly, const juce::String& presetName)
 {
@@ -185,4 +185,17 @@ bool Preset::writeTagsToFile(const juce::File& file, const ContentTags& newTags)
         return false;
     root->setAttribute("tags", newTags.toText());
     return SafeFile::writeXml(file, *root);
+}
+
+void Preset::collectParameters(const ParameterManager& manager, const juce::SparseSet<int>& ranges)
+{
+    clearValues();
+    for (int r = 0; r < ranges.getNumRanges(); ++r)
+    {
+        const auto range = ranges.getRange(r);
+        for (int index = range.getStart(); index < range.getEnd(); ++index)
+            if (auto* p = manager.getParameter(index))
+                addValue(p);
+    }
+    sortValues();
 }

@@ -48,6 +48,10 @@ public:
     virtual void loadFromFile(const juce::File& file, const ParameterManager& manager, bool headerOnly);
     /** Writes the document without the name, UTF-8. False when the write failed. */
     virtual bool saveToFile(const juce::File& file, const ParameterManager& manager) const;
+    /** Replaces the values with every parameter of the manager in the ranges, in ascending index
+        order. (The collection lives with the preset, so that the parameter layer needs no preset.) */
+    void collectParameters(const ParameterManager& manager, const juce::SparseSet<int>& ranges);
+
     /** Extension points for products that keep more than parameters; empty here. */
     virtual void readExtraData(const juce::XmlElement&) {}
     virtual void writeExtraData(juce::XmlElement&) const {}

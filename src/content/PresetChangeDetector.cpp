@@ -1,6 +1,6 @@
 #include "PresetChangeDetector.h"
 
-#include "../parameters/ParameterManager.h"
+#include "parameters/ParameterManager.h"
 
 PresetChangeDetector::PresetChangeDetector(const juce::SparseSet<int>& ranges, ParameterManager& managerToWatch)
     : manager(managerToWatch)

@@ -4,7 +4,7 @@
 // preset slot, keeps a snapshot of each value and a changed flag per parameter, and counts the
 // flags that are set. Moving a knob back to its exact stored value clears its flag again.
 
-#include "../parameters/Parameter.h"
+#include "parameters/Parameter.h"
 
 #include <atomic>
 

@@ -1,6 +1,6 @@
 #include "PresetsContent.h"
 
-#include "../plugin/BasePlugin.h"
+#include "parameters/ParameterManager.h"
 
 #include <sys/stat.h>
 
@@ -24,7 +24,7 @@ bool isSameFile(const juce::File& a, const juce::File& b)
 } // namespace
 
 template <class P>
-PresetsContent<P>::PresetsContent(const juce::String& storeName, BasePlugin& owner, int presetSlot)
+PresetsContent<P>::PresetsContent(const juce::String& storeName, PresetHost& owner, int presetSlot)
     : ContentSource(storeName), plugin(owner), slot(presetSlot)
 {
 }
@@ -45,7 +45,7 @@ bool PresetsContent<P>::openItem(const juce::String& itemName)
 
 //==============================================================================
 template <class P>
-PresetsDirectoryContent<P>::PresetsDirectoryContent(const juce::String& storeName, BasePlugin& owner, int presetSlot,
+PresetsDirectoryContent<P>::PresetsDirectoryContent(const juce::String& storeName, PresetHost& owner, int presetSlot,
                                                     const juce::File& presetFolder, const juce::String& presetExtension)
     : PresetsContent<P>(storeName, owner, presetSlot), folder(presetFolder), extension(presetExtension)
 {
@@ -162,7 +162,7 @@ std::unique_ptr<P> PresetsDirectoryContent<P>::readPreset(const juce::String& it
 
 //==============================================================================
 template <class P>
-PresetsPackageContent<P>::PresetsPackageContent(const juce::String& storeName, BasePlugin& owner, int presetSlot,
+PresetsPackageContent<P>::PresetsPackageContent(const juce::String& storeName, PresetHost& owner, int presetSlot,
                                                 const juce::File& packageFile, const juce::String& presetExtension,
                                                 const juce::String& publicKey)
     : PresetsContent<P>(storeName, owner, presetSlot), extension(presetExtension), package(packageFile, publicKey)

@@ -7,14 +7,14 @@
 #include "PackageFile.h"
 #include "Preset.h"
 
-class BasePlugin;
+#include "PresetHost.h"
 
 /** A store of presets of type P (a Preset or a product's subclass) for one plug-in slot. */
 template <class P>
 class PresetsContent : public ContentSource
 {
 public:
-    PresetsContent(const juce::String& storeName, BasePlugin& owner, int presetSlot);
+    PresetsContent(const juce::String& storeName, PresetHost& owner, int presetSlot);
 
     /** Reads the preset, completes it and loads it into the slot; false when it cannot be read. */
     bool openItem(const juce::String& itemName) override;
@@ -24,7 +24,7 @@ public:
     virtual void completePreset(P& preset) { (void) preset; }
 
 protected:
-    BasePlugin& plugin;
+    PresetHost& plugin;
     const int slot;
 };
 
@@ -33,7 +33,7 @@ template <class P>
 class PresetsDirectoryContent : public PresetsContent<P>
 {
 public:
-    PresetsDirectoryContent(const juce::String& storeName, BasePlugin& owner, int presetSlot, const juce::File& folder,
+    PresetsDirectoryContent(const juce::String& storeName, PresetHost& owner, int presetSlot, const juce::File& folder,
                             const juce::String& extension);
 
     bool isReadOnly() const override { return false; }
@@ -68,7 +68,7 @@ template <class P>
 class PresetsPackageContent : public PresetsContent<P>
 {
 public:
-    PresetsPackageContent(const juce::String& storeName, BasePlugin& owner, int presetSlot, const juce::File& packageFile,
+    PresetsPackageContent(const juce::String& storeName, PresetHost& owner, int presetSlot, const juce::File& packageFile,
                           const juce::String& extension, const juce::String& publicKey);
 
     void collectTags(ContentTags& out) override { out = unionOfTags; }

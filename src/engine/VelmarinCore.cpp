@@ -1,6 +1,6 @@
 #include "VelmarinCore.h"
 
-#include "../parameters/Parameter.h"
+#include "parameters/Parameter.h"
 
 #include "TickRunner.h"
 

@@ -35,10 +35,10 @@ juce::String EventsMap::getDisplayName(int uid) const
     return name.substring(0, 1).toUpperCase() + name.substring(1).toLowerCase();
 }
 
-void EventsMap::loadFromResource(const juce::String& resourceName)
+void EventsMap::loadFromResource(const PluginResources& resources, const juce::String& resourceName)
 {
     clear();
-    if (auto root = juce::parseXML(PluginResources::getText(resourceName)))
+    if (auto root = juce::parseXML(resources.getText(resourceName)))
         readXml(*root);
 }
 

@@ -2,6 +2,8 @@
 
 #include <juce_core/juce_core.h>
 
+#include "PluginResources.h"
+
 #include <map>
 
 /** Named user actions by uid (1000..1012 built in, 10000 up for debug events), in both directions.
@@ -21,7 +23,7 @@ public:
     int size() const noexcept { return static_cast<int>(uidsByName.size()); }
 
     /** Reads an `EventsMap` document from the plug-in's resources. */
-    void loadFromResource(const juce::String& resourceName);
+    void loadFromResource(const PluginResources& resources, const juce::String& resourceName);
     /** Clears, then adds each `event` child's uid and name. Another root leaves the map empty. */
     void readXml(const juce::XmlElement& root);
 

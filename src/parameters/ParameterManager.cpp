@@ -8,8 +8,7 @@
 #include "PluginResources.h"
 #include "StringParameter.h"
 
-#include "../content/Preset.h"
-#include "../content/XmlInput.h"
+#include "io/XmlInput.h"
 
 namespace
 {
@@ -66,9 +65,9 @@ int ParameterManager::formatCodeForWord(const juce::String& word)
     return 0;
 }
 
-void ParameterManager::loadFromResource(const juce::String& resourceName)
+void ParameterManager::loadFromResource(const PluginResources& resources, const juce::String& resourceName)
 {
-    const auto text = PluginResources::getText(resourceName);
+    const auto text = resources.getText(resourceName);
     if (auto root = XmlInput::parse(text))
     {
         readXml(*root);
@@ -234,19 +233,6 @@ void ParameterManager::copyValue(int destination, int source)
     auto* from = getParameter(source);
     if (to != nullptr && from != nullptr)
         to->copyFrom(*from, true);
-}
-
-void ParameterManager::collectParameters(Preset& preset, const Ranges& ranges) const
-{
-    preset.clearValues();
-    for (int r = 0; r < ranges.getNumRanges(); ++r)
-    {
-        const auto range = ranges.getRange(r);
-        for (int index = range.getStart(); index < range.getEnd(); ++index)
-            if (auto* p = getParameter(index))
-                preset.addValue(p);
-    }
-    preset.sortValues();
 }
 
 void ParameterManager::addListenerToAll(Parameter::Listener* listener)

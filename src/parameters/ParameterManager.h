@@ -6,9 +6,9 @@
 
 #include "Parameter.h"
 #include "ParameterFormatter.h"
+#include "PluginResources.h"
 
 class FloatParameter;
-class Preset;
 
 /** Owner and directory of a plug-in's parameters.
     Thread: definition on the constructing thread before anyone else sees the object; lookups on
@@ -35,7 +35,7 @@ public:
     virtual ParameterFormatter* getFormatter(int index);
 
     /** Reads the named resource ("parameters.xml") and defines its parameters. */
-    void loadFromResource(const juce::String& resourceName);
+    void loadFromResource(const PluginResources& resources, const juce::String& resourceName);
     /** Clears the manager and defines all parameters of a `PluginParameters` document. */
     void readXml(const juce::XmlElement& root);
     /** Deletes every parameter, last to first, and empties the lookup maps. */
@@ -55,9 +55,6 @@ public:
     juce::String getName(int index) const;
     /** copyFrom with notification; nothing when either parameter is missing. */
     void copyValue(int destination, int source);
-
-    /** Fills the preset with every parameter in the ranges, in ascending index order. */
-    void collectParameters(Preset& preset, const Ranges& ranges) const;
 
     void addListenerToAll(Parameter::Listener* listener);
     void addAsyncListenerToAll(Parameter::Listener* listener);

@@ -1,15 +1,15 @@
 #include "BasePlugin.h"
 
-#include "../parameters/BoolParameter.h"
-#include "../parameters/FloatParameter.h"
-#include "../parameters/IntParameter.h"
-#include "../parameters/PluginResources.h"
-#include "../parameters/StringParameter.h"
-#include "../parameters/ValueText.h"
-#include "../content/PresetsContent.h"
-#include "../content/XmlInput.h"
-#include "../content/SafeFile.h"
-#include "../engine/NonFiniteGuard.h"
+#include "parameters/BoolParameter.h"
+#include "parameters/FloatParameter.h"
+#include "parameters/IntParameter.h"
+#include "parameters/PluginResources.h"
+#include "parameters/StringParameter.h"
+#include "parameters/ValueText.h"
+#include "content/PresetsContent.h"
+#include "io/XmlInput.h"
+#include "io/SafeFile.h"
+#include "engine/NonFiniteGuard.h"
 #include "FolderRule.h"
 #include "PluginAudioProcessor.h"
 
@@ -27,9 +27,10 @@ constexpr int firstDebugParameter = 300000;
 constexpr int numDebugParameters = 12;
 } // namespace
 
-BasePlugin::BasePlugin(ParameterManager* manager)
+BasePlugin::BasePlugin(ParameterManager* manager, PluginResources productResources)
     : parameters(manager),
-      midiMap(*manager)
+      midiMap(*manager),
+      resources(productResources)
 {
     sampleRateContext.set(44100.0);
     hostParameters.insertMultiple(0, nullptr, maxHostParameters);
@@ -38,10 +39,10 @@ BasePlugin::BasePlugin(ParameterManager* manager)
     for (auto& g : hostWriteGuards)
         g.store(0);
 
-    parameters->loadFromResource("parameters.xml");
+    parameters->loadFromResource(resources, "parameters.xml");
     addInternalParameters();
 
-    events.loadFromResource("events.xml");
+    events.loadFromResource(resources, "events.xml");
     events.addBuiltInEvents();
 
     pluginFile = juce::File::getSpecialLocation(juce::File::currentApplicationFile);
@@ -186,7 +187,7 @@ void BasePlugin::finishInitialisation()
     if (supportsPresets())
     {
         changeDetector = std::make_unique<PresetChangeDetector>(presetSlots[0].ranges, *parameters);
-        userPresets = std::make_unique<PresetsDirectoryContent<Preset>>("User", *this, 0, getUserPresetsFolder(),
+        userPresets = std::make_unique<PresetsDirectoryContent<Preset>>("User", presetHost, 0, getUserPresetsFolder(),
                                                                          getPresetFileExtension());
     }
 
@@ -435,7 +436,7 @@ void BasePlugin::storeToPreset(Preset& preset, int slot)
 {
     if (slot < 0 || slot >= numPresetSlots)
         return;
-    parameters->collectParameters(preset, presetSlots[static_cast<size_t>(slot)].ranges);
+    preset.collectParameters(*parameters, presetSlots[static_cast<size_t>(slot)].ranges);
     preset.setName(getPresetName(slot));
 }
 
@@ -870,7 +871,7 @@ void BasePlugin::loadHostMap()
         loadHostMapFile(hostParameterMapFile);
         return;
     }
-    const auto text = PluginResources::getText("default." + getCodeLetters().toLowerCase() + "hpmap");
+    const auto text = resources.getText("default." + getCodeLetters().toLowerCase() + "hpmap");
     if (const auto root = juce::parseXML(text))
         readHostMapXml(*root);
 }

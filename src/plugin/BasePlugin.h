@@ -6,13 +6,14 @@
 // mode), the state chunk, and the one road from a preset into the parameters. MarrowgateEffect adds
 // the DSP core and the block driver; Velmarin answers the product's constants.
 
-#include "../content/Preset.h"
-#include "../content/ContentSource.h"
-#include "../content/PresetChangeDetector.h"
-#include "../engine/SampleRateContext.h"
-#include "../parameters/EnumParameter.h"
-#include "../parameters/EventsMap.h"
-#include "../parameters/ParameterManager.h"
+#include "content/Preset.h"
+#include "content/ContentSource.h"
+#include "content/PresetChangeDetector.h"
+#include "content/PresetHost.h"
+#include "engine/SampleRateContext.h"
+#include "parameters/EnumParameter.h"
+#include "parameters/EventsMap.h"
+#include "parameters/ParameterManager.h"
 #include "MidiControlMap.h"
 #include "ProcessContext.h"
 #include "SoftwareDesignation.h"
@@ -42,9 +43,9 @@ public:
     static constexpr double minimumSampleRate = 8000.0;
     static constexpr double maximumSampleRate = 768000.0;
 
-    /** Takes ownership of the manager, reads "parameters.xml" into it and adds the internal
-        parameters and the built-in events. */
-    explicit BasePlugin(ParameterManager* manager);
+    /** Takes ownership of the manager, reads "parameters.xml" from the product's resources into it
+        and adds the internal parameters, then "events.xml" and the built-in events. */
+    BasePlugin(ParameterManager* manager, PluginResources productResources);
     ~BasePlugin() override;
 
     // Parameter::Listener: the plug-in listens to every parameter.
@@ -161,6 +162,11 @@ public:
     void restoreCurrentPreset() { loadPreset(getCurrentPreset(0), 0); }
     /** The user's own store of presets ("User", on the "UserPresets" folder); null without presets. */
     ContentSource* getUserStore() noexcept { return userPresets.get(); }
+    /** What this plug-in's preset stores reach it through. */
+    PresetHost& getPresetHost() noexcept { return presetHost; }
+    /** The public key its factory packages must be signed with ("exponent,modulus" in hexadecimal);
+        empty (no package trusted) unless the product has one. */
+    virtual juce::String getPackageKey() const { return {}; }
     /** Whether the parameters moved away from the loaded preset; false without a detector. */
     bool isPresetChanged();
     /** Takes the present values as the slot's unchanged state. */
@@ -243,6 +249,20 @@ private:
     juce::HashMap<juce::String, juce::File> directories { 101 };
     std::unique_ptr<ParameterManager> parameters;
 
+    /** The adapter the stores hold: forwards their three questions to this plug-in. */
+    class StoreAdapter : public PresetHost
+    {
+    public:
+        explicit StoreAdapter(BasePlugin& owner) : plugin(owner) {}
+        ParameterManager& getParameterManager() override { return plugin.getParameterManager(); }
+        void loadPreset(const Preset* preset, int slot) override { plugin.loadPreset(preset, slot); }
+        void storeToPreset(Preset& preset, int slot) override { plugin.storeToPreset(preset, slot); }
+
+    private:
+        BasePlugin& plugin;
+    };
+    StoreAdapter presetHost { *this };
+
     juce::Array<Parameter*> hostParameters;
     juce::CriticalSection hostParametersLock;
     juce::HashMap<int, int> hostIndices;
@@ -260,6 +280,7 @@ private:
     std::atomic<int> midiActivity { 0 };
 
     EventsMap events;
+    PluginResources resources;
     std::array<PresetSlot, numPresetSlots> presetSlots;
     EnumParameter* qualityParameter = nullptr;
     EnumParameter* realtimeQualityParameter = nullptr;

@@ -1,7 +1,7 @@
 #include "HostParameter.h"
 
-#include "../parameters/BoolParameter.h"
-#include "../parameters/IntParameter.h"
+#include "parameters/BoolParameter.h"
+#include "parameters/IntParameter.h"
 #include "BasePlugin.h"
 
 HostParameter::HostParameter(BasePlugin& owner, int index)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "../engine/MarrowgateEffectCore.h"
+#include "engine/MarrowgateEffectCore.h"
 #include "BasePlugin.h"
 #include "MidiEventQueue.h"
 

@@ -1,8 +1,8 @@
 #include "MidiControlMap.h"
 
-#include "../content/SafeFile.h"
-#include "../content/XmlInput.h"
-#include "../parameters/ParameterManager.h"
+#include "io/SafeFile.h"
+#include "io/XmlInput.h"
+#include "parameters/ParameterManager.h"
 
 MidiControlMap::MidiControlMap(ParameterManager& manager)
     : parameters(manager)

@@ -5,7 +5,7 @@
 // parameter is marked for learning, the controller that arrives takes it over at once, so the
 // parameter follows the user's hand before anything travels back to the GUI.
 
-#include "../parameters/Parameter.h"
+#include "parameters/Parameter.h"
 
 #include <juce_audio_basics/juce_audio_basics.h>
 

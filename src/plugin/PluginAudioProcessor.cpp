@@ -1,13 +1,13 @@
 #include "PluginAudioProcessor.h"
 
+#include "BasePlugin.h"
 #include "HostParameter.h"
-#include "Velmarin.h"
 
-PluginAudioProcessor::PluginAudioProcessor()
+PluginAudioProcessor::PluginAudioProcessor(std::unique_ptr<BasePlugin> productPlugin)
     : juce::AudioProcessor(BusesProperties()
                                .withInput("Input", juce::AudioChannelSet::stereo(), true)
                                .withOutput("Output", juce::AudioChannelSet::stereo(), true)),
-      plugin(std::make_unique<Velmarin>())
+      plugin(std::move(productPlugin))
 {
     plugin->setProcessor(this);
     plugin->initialise();

@@ -5,14 +5,14 @@
 class BasePlugin;
 class HostParameter;
 
-/** The juce::AudioProcessor that the host's wrapper drives. It owns one plug-in object (a
-    Velmarin), sequences its start-up and teardown, and forwards every audio, parameter and state
-    call to it. The host sees the plug-in's host parameter list as HostParameter objects.
-    Thread: as juce::AudioProcessor. */
+/** The juce::AudioProcessor that the host's wrapper drives. It owns one plug-in object (the
+    product's, handed over at construction), sequences its start-up and teardown, and forwards
+    every audio, parameter and state call to it. The host sees the plug-in's host parameter list as
+    HostParameter objects. Thread: as juce::AudioProcessor. */
 class PluginAudioProcessor : public juce::AudioProcessor, private juce::ChangeListener
 {
 public:
-    PluginAudioProcessor();
+    explicit PluginAudioProcessor(std::unique_ptr<BasePlugin> productPlugin);
     ~PluginAudioProcessor() override;
 
     const juce::String getName() const override;

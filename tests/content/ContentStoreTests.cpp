@@ -4,11 +4,12 @@
 #include "content/PackageBuilder.h"
 #include "content/PackageKey.h"
 #include "content/PresetsContent.h"
-#include "content/XmlInput.h"
+#include "io/XmlInput.h"
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/ProductPackageKey.h"
+#include "product/VelmarinProcessor.h"
 
 #include <gtest/gtest.h>
 
@@ -30,7 +31,7 @@ protected:
     {
         user.createDirectory();
         FolderRule::setOverride(user, user.getChildFile("data"));
-        processor = std::make_unique<PluginAudioProcessor>();
+        processor = std::make_unique<VelmarinProcessor>();
         store = plugin().getUserStore();
         store->attach(&registry);
     }
@@ -46,7 +47,7 @@ protected:
 
     juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("stores", {}, false);
     TagRegistry registry;
-    std::unique_ptr<PluginAudioProcessor> processor;
+    std::unique_ptr<VelmarinProcessor> processor;
     ContentSource* store = nullptr;
 };
 
@@ -216,7 +217,7 @@ TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
     const auto good = user.getChildFile("Good Factory.q41pkg");
     ASSERT_TRUE(builder.write(good, privateKey));
 
-    PresetsPackageContent<Preset> package("Factory", plugin(), 0, good, ".vmprs2", publicKey);
+    PresetsPackageContent<Preset> package("Factory", plugin().getPresetHost(), 0, good, ".vmprs2", publicKey);
     package.attach(&registry);
     EXPECT_EQ(names(package), "Jet,Own") << "the description and foreign entries are not items";
     EXPECT_TRUE(package.isReadOnly());
@@ -267,13 +268,13 @@ TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
     {
         const auto file = user.getChildFile(juce::String(what) + " Factory.q41pkg");
         ASSERT_TRUE(file.replaceWithData(data.getData(), data.getSize()));
-        PresetsPackageContent<Preset> broken("Factory", plugin(), 0, file, ".vmprs2", publicKey);
+        PresetsPackageContent<Preset> broken("Factory", plugin().getPresetHost(), 0, file, ".vmprs2", publicKey);
         broken.attach(&registry);
         EXPECT_TRUE(broken.getItems().isEmpty()) << what;
         EXPECT_FALSE(broken.getPackage().isValid()) << what;
         EXPECT_FALSE(broken.openItem("Jet")) << what;
     }
-    PresetsPackageContent<Preset> missing("Factory", plugin(), 0, user.getChildFile("none.q41pkg"), ".vmprs2", publicKey);
+    PresetsPackageContent<Preset> missing("Factory", plugin().getPresetHost(), 0, user.getChildFile("none.q41pkg"), ".vmprs2", publicKey);
     EXPECT_FALSE(missing.getPackage().isValid());
 }
 

@@ -1,7 +1,7 @@
 // Knowing whether the user moved away from the loaded preset, across preset loads and threads.
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 
 TEST(PresetChanges, MovingAKnobAndBackLeavesThePresetUnchangedAndLoadsResetTheBaseline)
 {
-    PluginAudioProcessor processor;
+    VelmarinProcessor processor;
     auto& plugin = processor.getPlugin();
     auto& manager = plugin.getParameterManager();
     EXPECT_FALSE(plugin.isPresetChanged());
@@ -49,7 +49,7 @@ TEST(PresetChanges, MovingAKnobAndBackLeavesThePresetUnchangedAndLoadsResetTheBa
 
 TEST(PresetChanges, TheCountStaysRightWithOneWriterPerParameterOnSeveralThreads)
 {
-    PluginAudioProcessor processor;
+    VelmarinProcessor processor;
     auto& plugin = processor.getPlugin();
     auto& manager = plugin.getParameterManager();
     auto writer = [&manager](int index, float away, float home) {

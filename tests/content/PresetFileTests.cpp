@@ -155,7 +155,7 @@ TEST_F(PresetFile, LiveParametersAreCollectedInIndexOrder)
     ranges.addRange({ 7, 8 });
     ranges.addRange({ 0, 3 });
     Preset p;
-    manager.collectParameters(p, ranges);
+    p.collectParameters(manager, ranges);
     EXPECT_EQ(valuesOf(p), "0=0.5 1=1 2=B 7=0.25");
 }
 

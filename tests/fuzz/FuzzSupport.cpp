@@ -1,7 +1,7 @@
 #include "FuzzSupport.h"
 
-#include "content/XmlInput.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "io/XmlInput.h"
+#include "product/VelmarinProcessor.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -59,11 +59,11 @@ void usePrivateFolders()
     std::atexit(removePrivateRoot);
 }
 
-PluginAudioProcessor& sharedProcessor()
+VelmarinProcessor& sharedProcessor()
 {
     static auto* const processor = [] {
         usePrivateFolders();
-        return new PluginAudioProcessor();
+        return new VelmarinProcessor();
     }();
     return *processor;
 }

@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 
-class PluginAudioProcessor;
+class VelmarinProcessor;
 
 namespace fuzz
 {
@@ -38,7 +38,7 @@ void usePrivateFolders();
 
 /** One plug-in instance for the whole process, made on first use after the folders are private.
     It is never deleted: its teardown would write the settings file after the folder is gone. */
-PluginAudioProcessor& sharedProcessor();
+VelmarinProcessor& sharedProcessor();
 
 /** The input as text, decoded as the plug-in decodes a file's bytes (XmlInput::decode). */
 juce::String textOf(const uint8_t* data, size_t size);

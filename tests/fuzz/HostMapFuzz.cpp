@@ -1,9 +1,9 @@
 // A host parameter map document (.vmhpmap) read into a plug-in instance.
 #include "FuzzSupport.h"
 
-#include "content/XmlInput.h"
+#include "io/XmlInput.h"
 #include "plugin/BasePlugin.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 namespace
 {

@@ -1,8 +1,9 @@
 // A MIDI control map document (.vmccmap, and the map element of a state chunk).
 #include "FuzzSupport.h"
 
-#include "content/XmlInput.h"
-#include "parameters/VelmarinParameterManager.h"
+#include "io/XmlInput.h"
+#include "product/Velmarin.h"
+#include "product/VelmarinParameterManager.h"
 #include "plugin/MidiControlMap.h"
 
 namespace
@@ -20,7 +21,7 @@ int fuzzMidiMap(const uint8_t* data, size_t size)
 {
     static auto* const manager = [] {
         auto* m = new VelmarinParameterManager();
-        m->loadFromResource("parameters.xml");
+        m->loadFromResource(Velmarin::getResources(), "parameters.xml");
         return m;
     }();
     static auto* const map = [] {

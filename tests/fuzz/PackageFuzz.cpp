@@ -13,7 +13,7 @@
 #include "content/PackageFile.h"
 #include "content/PresetsContent.h"
 #include "plugin/BasePlugin.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 namespace
 {
@@ -40,7 +40,7 @@ int fuzzPackage(const uint8_t* data, size_t size)
     FUZZ_CHECK(file.replaceWithData(bytes.getData(), bytes.getSize()));
 
     auto& plugin = fuzz::sharedProcessor().getPlugin();
-    PresetsPackageContent<Preset> store("Factory", plugin, 0, file, ".vmprs2", wrapped ? testPublicKey : testkey::publicKey);
+    PresetsPackageContent<Preset> store("Factory", plugin.getPresetHost(), 0, file, ".vmprs2", wrapped ? testPublicKey : testkey::publicKey);
     const auto& package = store.getPackage();
 
     if (wrapped)

@@ -2,10 +2,10 @@
 // parameter it defines through the calls a host, a preset and the editor make.
 #include "FuzzSupport.h"
 
-#include "content/XmlInput.h"
+#include "io/XmlInput.h"
 #include "parameters/FloatParameter.h"
 #include "parameters/IntParameter.h"
-#include "parameters/VelmarinParameterManager.h"
+#include "product/VelmarinParameterManager.h"
 
 #include <memory>
 

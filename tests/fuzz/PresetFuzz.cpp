@@ -4,7 +4,7 @@
 
 #include "content/Preset.h"
 #include "plugin/BasePlugin.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 namespace
 {

@@ -2,7 +2,7 @@
 #include "FuzzSupport.h"
 
 #include "plugin/BasePlugin.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 namespace
 {

@@ -1,9 +1,9 @@
 // The host's state chunk, through the processor's setStateInformation as a host delivers it.
 #include "FuzzSupport.h"
 
-#include "content/XmlInput.h"
+#include "io/XmlInput.h"
 #include "plugin/BasePlugin.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 #include <climits>
 

@@ -7,8 +7,8 @@
 #include "parameters/ParameterManager.h"
 #include "parameters/PluginResources.h"
 #include "parameters/StringParameter.h"
-#include "parameters/VelmarinParameterManager.h"
-#include "plugin/Velmarin.h"
+#include "product/VelmarinParameterManager.h"
+#include "product/Velmarin.h"
 
 #include <gtest/gtest.h>
 
@@ -131,16 +131,18 @@ TEST(ParameterManager, CopyValueAndDefaults)
 
 TEST(PluginResources, FindsEmbeddedFilesByNameAndType)
 {
-    EXPECT_TRUE(PluginResources::getText("parameters.xml").contains("PluginParameters"));
-    EXPECT_TRUE(PluginResources::getData("events.xml").isEmpty());
-    EXPECT_TRUE(PluginResources::getData("parameters").isEmpty());
-    EXPECT_TRUE(PluginResources::getData("parameters.txt").isEmpty());
+    const auto resources = Velmarin::getResources();
+    EXPECT_TRUE(resources.getText("parameters.xml").contains("PluginParameters"));
+    EXPECT_TRUE(resources.getData("events.xml").isEmpty());
+    EXPECT_TRUE(resources.getData("parameters").isEmpty());
+    EXPECT_TRUE(resources.getData("parameters.txt").isEmpty());
+    EXPECT_TRUE(PluginResources().getText("parameters.xml").isEmpty()) << "no look-up, no resources";
 }
 
 TEST(ProductTable, HasThirtyRowsWithTheirInitialTexts)
 {
     VelmarinParameterManager m;
-    m.loadFromResource("parameters.xml");
+    m.loadFromResource(Velmarin::getResources(), "parameters.xml");
     ASSERT_EQ(m.getNumParameters(), 30);
     EXPECT_EQ(m.getApplicationName(), "Velmarin");
 

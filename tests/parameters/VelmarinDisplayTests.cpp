@@ -1,5 +1,6 @@
 // What a user reads for each of the product's float parameters, and when a master takes over.
-#include "parameters/VelmarinParameterManager.h"
+#include "product/Velmarin.h"
+#include "product/VelmarinParameterManager.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,7 @@ namespace
 class VelmarinDisplay : public ::testing::Test
 {
 protected:
-    VelmarinDisplay() { m.loadFromResource("parameters.xml"); }
+    VelmarinDisplay() { m.loadFromResource(Velmarin::getResources(), "parameters.xml"); }
 
     juce::String at(int index, float normalized)
     {

@@ -1,5 +1,5 @@
 // The block driver: how a block is cut into runs at controller events and handed to the core.
-#include "plugin/Velmarin.h"
+#include "product/Velmarin.h"
 
 #include <gtest/gtest.h>
 

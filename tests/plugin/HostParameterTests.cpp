@@ -2,7 +2,7 @@
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 #include <gtest/gtest.h>
 
@@ -26,7 +26,7 @@ protected:
     juce::AudioProcessorParameter& hostParameter(int h) { return *processor.getParameters()[h]; }
     Parameter& parameter(int index) { return *processor.getPlugin().getParameterManager().getParameter(index); }
 
-    PluginAudioProcessor processor;
+    VelmarinProcessor processor;
     HostLog host;
 };
 } // namespace
@@ -214,14 +214,14 @@ TEST(HostParameterMapSettings, TheSettingsMapFileReplacesTheDefaultMapAtStartUp)
     ASSERT_TRUE(user.getChildFile("Velmarin.ini").replaceWithText(
         R"(<UserSettings application="Velmarin"><HostParametersMap default="yes" file=")" + mapFile.getFullPathName() + R"("/></UserSettings>)"));
     {
-        PluginAudioProcessor p;
+        VelmarinProcessor p;
         EXPECT_EQ(p.getParameters()[27]->getName(100), "Preamp");
         EXPECT_EQ(p.getParameters()[0]->getName(100), "Parameter 1");
     }
     // An LV2 bundle's parameter list is written at build time: there the default list stands.
     juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_LV2);
     {
-        PluginAudioProcessor lv2;
+        VelmarinProcessor lv2;
         EXPECT_EQ(lv2.getParameters()[27]->getName(100), "Output Volume");
         EXPECT_EQ(lv2.getParameters()[0]->getName(100), "Preamp");
         EXPECT_FALSE(lv2.getPlugin().loadHostMapFile(mapFile));

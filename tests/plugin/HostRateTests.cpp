@@ -3,7 +3,7 @@
 // the engine's rings fails here.
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ struct Render
 /** A plucked chord with a little noise, `seconds` long at `rate`, through a fresh instance. */
 Render render(double rate, const char* quality, double seconds)
 {
-    PluginAudioProcessor p;
+    VelmarinProcessor p;
     auto& manager = p.getPlugin().getParameterManager();
     for (auto* name : { "Real-time Processing Quality", "Offline Processing Quality" })
         manager.getParameter(juce::String(name))->setText(quality, true);
@@ -92,7 +92,7 @@ TEST(HostRates, RatesOutsideTheEnginesRangeAreTakenAsTheNearestEnd)
 {
     for (double rate : { 1000.0, 2000000.0, 0.0, -44100.0, std::nan("") })
     {
-        PluginAudioProcessor p;
+        VelmarinProcessor p;
         p.prepareToPlay(rate, 64);
         juce::AudioBuffer<float> buffer(2, 64);
         for (int i = 0; i < 64; ++i)
@@ -111,7 +111,7 @@ TEST(HostRates, ChannelsStayApartAtTheHighestRates)
     for (double rate : { 384000.0, 768000.0 })
         for (const char* quality : { "Draft", "Ultra" })
         {
-            PluginAudioProcessor p;
+            VelmarinProcessor p;
             auto& manager = p.getPlugin().getParameterManager();
             for (auto* name : { "Real-time Processing Quality", "Offline Processing Quality" })
                 manager.getParameter(juce::String(name))->setText(quality, true);

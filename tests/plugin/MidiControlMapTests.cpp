@@ -3,7 +3,7 @@
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ protected:
     void cc(int controller, int value) { map.handleController(juce::MidiMessage::controllerEvent(3, controller, value)); }
     bool read(const juce::String& text) { return map.readXml(juce::parseXML(text).get()); }
 
-    PluginAudioProcessor processor;
+    VelmarinProcessor processor;
     MidiControlMap& map = processor.getPlugin().getMidiMap();
     Parameter* volume = parameter("Output Volume");
     Parameter* amount = parameter("FX Amount");
@@ -106,7 +106,7 @@ TEST_F(MidiMap, TheMapTravelsInTheStateChunk)
     juce::MemoryBlock withMap;
     processor.getStateInformation(withMap);
 
-    PluginAudioProcessor other;
+    VelmarinProcessor other;
     auto& otherMap = other.getPlugin().getMidiMap();
     otherMap.assign(other.getPlugin().getParameterManager().getParameter(0), 1);
     other.setStateInformation(withMap.getData(), static_cast<int>(withMap.getSize()));
@@ -132,7 +132,7 @@ TEST(MidiMapSettings, TheDefaultMapOfTheSettingsLoadsAtStartUp)
         ASSERT_TRUE(user.getChildFile("Velmarin.ini").replaceWithText(
             juce::String(R"(<UserSettings application="Velmarin"><MidiControlMap default=")") + flag + "\" file=\""
             + mapFile.getFullPathName() + R"("/></UserSettings>)"));
-        PluginAudioProcessor p;
+        VelmarinProcessor p;
         EXPECT_EQ(p.getPlugin().getMidiMap().getParameter(21) != nullptr, expectLoaded) << flag;
         EXPECT_EQ(p.getPlugin().getMidiMapFile(), mapFile) << "the file is remembered either way";
     }

@@ -1,7 +1,7 @@
 // The plug-in object as a host sees it: start-up, layouts, latency, quality switching, state.
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 #include <gtest/gtest.h>
 
@@ -18,17 +18,17 @@ juce::AudioProcessor::BusesLayout layout(int ins, int outs)
     return l;
 }
 
-juce::String text(PluginAudioProcessor& p, int index)
+juce::String text(VelmarinProcessor& p, int index)
 {
     return p.getPlugin().getParameterManager().getText(index);
 }
 
-void setText(PluginAudioProcessor& p, int index, const juce::String& t)
+void setText(VelmarinProcessor& p, int index, const juce::String& t)
 {
     p.getPlugin().getParameterManager().setText(index, t);
 }
 
-void processOneBlock(PluginAudioProcessor& p, bool bypassed = false)
+void processOneBlock(VelmarinProcessor& p, bool bypassed = false)
 {
     juce::AudioBuffer<float> buffer(2, 32);
     buffer.clear();
@@ -42,7 +42,7 @@ void processOneBlock(PluginAudioProcessor& p, bool bypassed = false)
 
 TEST(PluginObject, DeclaresItsIdentityLatencyAndLayouts)
 {
-    PluginAudioProcessor p;
+    VelmarinProcessor p;
     EXPECT_EQ(p.getName(), "Velmarin");
     EXPECT_EQ(p.getLatencySamples(), 1);
     EXPECT_TRUE(p.acceptsMidi());
@@ -71,7 +71,7 @@ TEST(PluginObject, BypassPassesAudioEndToEndOneSampleLateInEveryLayout)
 {
     for (auto [ins, outs] : { std::pair { 2, 2 }, std::pair { 1, 2 }, std::pair { 1, 1 } })
     {
-        PluginAudioProcessor p;
+        VelmarinProcessor p;
         ASSERT_TRUE(p.setBusesLayout(layout(ins, outs)));
         p.prepareToPlay(44100.0, 64);
         EXPECT_EQ(p.getLatencySamples(), 1);
@@ -96,7 +96,7 @@ TEST(PluginObject, BypassPassesAudioEndToEndOneSampleLateInEveryLayout)
 
 TEST(PluginObject, QualityFollowsTheOfflineFlagButNotWhenBypassed)
 {
-    PluginAudioProcessor p;
+    VelmarinProcessor p;
     setText(p, 100001, "Draft");
     EXPECT_EQ(text(p, 29), "Draft") << "a change of the real-time quality applies at once";
     setText(p, 100003, "Ultra");
@@ -120,7 +120,7 @@ TEST(PluginObject, QualityFollowsTheOfflineFlagButNotWhenBypassed)
 
 TEST(PluginObject, StateRoundTripsIntoASecondInstance)
 {
-    PluginAudioProcessor first;
+    VelmarinProcessor first;
     setText(first, 0, "0.25");
     setText(first, 20, "512");
     setText(first, 16, "Off");
@@ -131,7 +131,7 @@ TEST(PluginObject, StateRoundTripsIntoASecondInstance)
     first.getStateInformation(state);
     EXPECT_EQ(first.getPlugin().getStateReadCount(), 1);
 
-    PluginAudioProcessor second;
+    VelmarinProcessor second;
     second.setStateInformation(state.getData(), static_cast<int>(state.getSize()));
     EXPECT_EQ(second.getPlugin().getStateWriteCount(), 1);
     for (int index : { 0, 20, 16, 100001, 100003, 100000, 29 })
@@ -144,7 +144,7 @@ TEST(PluginObject, StateRoundTripsIntoASecondInstance)
 
 TEST(PluginObject, ForeignOrBrokenChunksChangeNothing)
 {
-    PluginAudioProcessor p;
+    VelmarinProcessor p;
     setText(p, 14, "0.9");
     juce::MemoryBlock before;
     p.getStateInformation(before);
@@ -181,7 +181,7 @@ TEST(PluginObject, ForeignOrBrokenChunksChangeNothing)
 
 TEST(PluginObject, ChunkNamesTheApplicationIgnoringCaseAndFillsGapsFromDefaults)
 {
-    PluginAudioProcessor p;
+    VelmarinProcessor p;
     setText(p, 0, "0.5");
     setText(p, 27, "0.9");
     juce::MemoryBlock block;
@@ -198,7 +198,7 @@ TEST(PluginObject, ChunkNamesTheApplicationIgnoringCaseAndFillsGapsFromDefaults)
 
 TEST(PluginObject, RevertParameterReturnsToTheCurrentPreset)
 {
-    PluginAudioProcessor p;
+    VelmarinProcessor p;
     setText(p, 23, "0.3");
     p.getPlugin().revertParameter(23);
     EXPECT_EQ(text(p, 23), "1");
@@ -211,7 +211,7 @@ TEST(PluginObject, NonFiniteInputIsSilencedBeforeTheEngineAndNeverPoisonsIt)
 {
     // Two instances: one gets NaN and infinities in place of some samples, the other zeros there.
     // Their outputs must be identical, and finite, during and long after the burst.
-    PluginAudioProcessor poisoned, clean;
+    VelmarinProcessor poisoned, clean;
     for (auto* p : { &poisoned, &clean })
         p->prepareToPlay(44100.0, 256);
     const float bad[] = { std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
@@ -244,7 +244,7 @@ TEST(PluginObject, InputNearTheFloatMaximumLeavesTheOutputFiniteAndAlive)
 {
     // A tenth of a second of input near 3e38 would overflow the input filters; afterwards the
     // instance must still answer ordinary input with finite, audible output.
-    PluginAudioProcessor p;
+    VelmarinProcessor p;
     p.prepareToPlay(44100.0, 441);
     juce::Random random(5);
     float lastPeak = 0.0f;

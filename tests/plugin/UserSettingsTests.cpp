@@ -3,7 +3,7 @@
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@ protected:
     }
 
     juce::File settingsFile() const { return user.getChildFile("Velmarin.ini"); }
-    static juce::String text(PluginAudioProcessor& p, int index) { return p.getPlugin().getParameterManager().getText(index); }
+    static juce::String text(VelmarinProcessor& p, int index) { return p.getPlugin().getParameterManager().getText(index); }
 
     juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("settings", {}, false);
     juce::File data = user.getChildFile("shared");
@@ -34,7 +34,7 @@ protected:
 TEST_F(UserSettings, FirstStartMakesTheFoldersAndTeardownWritesTheFile)
 {
     {
-        PluginAudioProcessor p;
+        VelmarinProcessor p;
         auto& plugin = p.getPlugin();
         EXPECT_EQ(plugin.getDirectory("UserData"), user);
         EXPECT_EQ(plugin.getDirectory("AppData"), data);
@@ -69,13 +69,13 @@ TEST_F(UserSettings, FirstStartMakesTheFoldersAndTeardownWritesTheFile)
 TEST_F(UserSettings, DefaultQualitiesAndMapChoicesReachTheNextInstance)
 {
     {
-        PluginAudioProcessor first;
+        VelmarinProcessor first;
         first.getPlugin().getParameterManager().setText(100002, "High");
         first.getPlugin().getParameterManager().setText(100004, "Ultra");
         first.getPlugin().setMidiMapDefault(true, user.getChildFile("mine.vmccmap"));
     }
     {
-        PluginAudioProcessor second;
+        VelmarinProcessor second;
         EXPECT_EQ(text(second, 100001), "High");
         EXPECT_EQ(text(second, 100003), "Ultra");
         EXPECT_EQ(text(second, 29), "High") << "a new instance starts in the user's real-time quality";
@@ -88,7 +88,7 @@ TEST_F(UserSettings, DefaultQualitiesAndMapChoicesReachTheNextInstance)
         <midicontrolmap default="YES" file="/maps/later.vmccmap"/>
         <HostParametersMap default="true" file="/maps/host.xml"/>
       </usersettings>)"));
-    PluginAudioProcessor third;
+    VelmarinProcessor third;
     EXPECT_TRUE(third.getPlugin().isMidiMapDefault()) << "tags and names ignore case; the later element wins";
     EXPECT_EQ(third.getPlugin().getMidiMapFile().getFullPathName(), "/maps/later.vmccmap");
     EXPECT_FALSE(third.getPlugin().isHostParameterMapDefault()) << "only \"yes\" means yes";
@@ -104,7 +104,7 @@ TEST_F(UserSettings, ForeignOrBrokenFilesAreIgnoredAndReplaced)
     {
         ASSERT_TRUE(settingsFile().replaceWithText(content));
         {
-            PluginAudioProcessor p;
+            VelmarinProcessor p;
             EXPECT_FALSE(p.getPlugin().isMidiMapDefault());
             EXPECT_EQ(text(p, 100001), "Normal");
         }

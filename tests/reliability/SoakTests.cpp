@@ -10,7 +10,7 @@
 // stays flat (a denormal slowdown would multiply it). Only runs of 600 s or more check flatness.
 #include "AllocationCounter.h"
 #include "ReliabilityHost.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 #include <gtest/gtest.h>
 
@@ -169,7 +169,7 @@ float peakOfFiniteInput(const juce::AudioBuffer<float>& buffer, int numSamples)
 TEST(Soak, HostDrivenInstanceStaysFiniteBoundedAndOffTheHeap)
 {
     const double seconds = reliability::secondsFromEnvironment("VELMARIN_SOAK_SECONDS", 120.0);
-    PluginAudioProcessor processor;
+    VelmarinProcessor processor;
     auto& plugin = processor.getPlugin();
     auto& manager = plugin.getParameterManager();
     auto& hostParameters = processor.getParameters();

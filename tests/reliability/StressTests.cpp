@@ -6,8 +6,8 @@
 //
 // Run length: VELMARIN_STRESS_SECONDS seconds (default 2).
 #include "ReliabilityHost.h"
-#include "plugin/PluginAudioProcessor.h"
-#include "plugin/Velmarin.h"
+#include "product/VelmarinProcessor.h"
+#include "product/Velmarin.h"
 
 #include <gtest/gtest.h>
 
@@ -43,7 +43,7 @@ void sleepMicroseconds(int us)
     std::this_thread::sleep_for(std::chrono::microseconds(us));
 }
 
-juce::MemoryBlock stateOf(PluginAudioProcessor& processor)
+juce::MemoryBlock stateOf(VelmarinProcessor& processor)
 {
     juce::MemoryBlock block;
     processor.getStateInformation(block);
@@ -54,7 +54,7 @@ juce::MemoryBlock stateOf(PluginAudioProcessor& processor)
 TEST(Stress, ConcurrentHostEditorStateAndAudioThreadsKeepTheInstanceSound)
 {
     const double seconds = reliability::secondsFromEnvironment("VELMARIN_STRESS_SECONDS", 2.0);
-    PluginAudioProcessor processor;
+    VelmarinProcessor processor;
     auto& plugin = static_cast<Velmarin&>(processor.getPlugin());
     auto& manager = plugin.getParameterManager();
     const auto& hostParameters = processor.getParameters();
@@ -180,7 +180,7 @@ TEST(Stress, ConcurrentHostEditorStateAndAudioThreadsKeepTheInstanceSound)
     // What the instance holds after the storm is a whole state: a second instance takes it and
     // gives back the same chunk.
     const auto state = stateOf(processor);
-    PluginAudioProcessor second;
+    VelmarinProcessor second;
     second.setStateInformation(state.getData(), static_cast<int>(state.getSize()));
     EXPECT_EQ(stateOf(second), state);
 

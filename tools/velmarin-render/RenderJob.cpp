@@ -3,10 +3,10 @@
 #include "DemoSignal.h"
 #include "Spectrogram.h"
 
-#include "content/FactoryScan.h"
-#include "content/SafeFile.h"
-#include "content/SafeFileBatch.h"
-#include "content/XmlInput.h"
+#include "plugin/FactoryScan.h"
+#include "io/SafeFile.h"
+#include "io/SafeFileBatch.h"
+#include "io/XmlInput.h"
 #include "parameters/BoolParameter.h"
 #include "parameters/EnumParameter.h"
 #include "parameters/FloatParameter.h"
@@ -14,8 +14,8 @@
 #include "parameters/ValueText.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
-#include "plugin/PluginAudioProcessor.h"
-#include "plugin/Velmarin.h"
+#include "product/VelmarinProcessor.h"
+#include "product/Velmarin.h"
 
 #include <juce_audio_formats/juce_audio_formats.h>
 
@@ -310,7 +310,7 @@ int RenderJob::run()
 
     // 1. Start the plug-in exactly as a host would, in the chosen folders.
     const JobFolders folders(options.userDir, options.dataDir);
-    PluginAudioProcessor processor;
+    VelmarinProcessor processor;
     auto& plugin = processor.getPlugin();
     auto& manager = plugin.getParameterManager();
 

@@ -1,6 +1,6 @@
 #include "Spectrogram.h"
 
-#include "content/SafeFile.h"
+#include "io/SafeFile.h"
 
 #include <algorithm>
 #include <cmath>

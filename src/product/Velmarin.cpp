@@ -1,12 +1,24 @@
 #include "Velmarin.h"
 
-#include "../engine/FrequencyReadout.h"
-#include "../engine/VelmarinCore.h"
-#include "../parameters/VelmarinParameterManager.h"
+#include "engine/FrequencyReadout.h"
+#include "engine/VelmarinCore.h"
+#include "ProductPackageKey.h"
+#include "VelmarinParameterManager.h"
+#include "VelmarinResources.h"
 
 Velmarin::Velmarin()
-    : MarrowgateEffect(new VelmarinParameterManager())
+    : MarrowgateEffect(new VelmarinParameterManager(), getResources())
 {
+}
+
+juce::String Velmarin::getPackageKey() const
+{
+    return getProductPackageKey();
+}
+
+PluginResources Velmarin::getResources()
+{
+    return PluginResources(&VelmarinResources::getNamedResource);
 }
 
 namespace

@@ -1,5 +1,5 @@
 // The entry point through which JUCE's VST3, LV2 and Standalone clients create the plug-in.
-#include "PluginAudioProcessor.h"
+#include "VelmarinProcessor.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -27,5 +27,5 @@ void requireDisplayForStandalone()
 juce::AudioProcessor* JUCE_CALLTYPE createPluginFilter()
 {
     requireDisplayForStandalone();
-    return new PluginAudioProcessor();
+    return new VelmarinProcessor();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MarrowgateEffect.h"
+#include "plugin/MarrowgateEffect.h"
 
 /** The product: an analog BBD stereo flanger. Makes a VelmarinCore and a VelmarinParameterManager
     and answers the product's constants (identity, 28 preset and host parameters, latency 1).
@@ -9,6 +9,9 @@ class Velmarin : public MarrowgateEffect
 {
 public:
     Velmarin();
+
+    /** The files embedded in the product's module ("parameters.xml", "default.vmhpmap"). */
+    static PluginResources getResources();
 
     int getLatency() override { return 1; }
     bool autoMapsHostParameters() override { return true; }
@@ -20,6 +23,7 @@ public:
     juce::String getCodeName() const override { return "Velmarin"; }
     juce::String getCodeLetters() const override { return "VM"; }
     juce::String getPresetFileExtension() override { return ".vmprs2"; }
+    juce::String getPackageKey() const override;
 
     juce::String getDescription() const override { return "Analog BBD Stereo Flanger"; }
     juce::String getVersion() const override { return "1.1.3"; }

@@ -1,6 +1,6 @@
 // The guard in front of JUCE's XML parser: it must let every well-formed document without a
 // document type through and keep from the parser what would crash or hang it.
-#include "content/XmlInput.h"
+#include "io/XmlInput.h"
 
 #include <gtest/gtest.h>
 

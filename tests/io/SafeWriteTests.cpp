@@ -2,15 +2,15 @@
 // set below the new document's size, so that the operating system refuses the rest of the write
 // half-way, each writer reports failure, the previous file stays byte for byte, and no temporary
 // file is left behind.
-#include "TestPackageKey.h"
+#include "content/TestPackageKey.h"
 #include "content/PackageBuilder.h"
 #include "content/Preset.h"
 #include "content/PresetsContent.h"
-#include "content/SafeFile.h"
-#include "content/SafeFileBatch.h"
+#include "io/SafeFile.h"
+#include "io/SafeFileBatch.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
-#include "plugin/PluginAudioProcessor.h"
+#include "product/VelmarinProcessor.h"
 
 #include <gtest/gtest.h>
 
@@ -100,7 +100,7 @@ protected:
 TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
 {
     const juce::String previousPreset = R"(<Preset tags="Type:Jet"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
-    auto processor = std::make_unique<PluginAudioProcessor>();
+    auto processor = std::make_unique<VelmarinProcessor>();
     auto& plugin = processor->getPlugin();
     auto& manager = plugin.getParameterManager();
     const auto presets = plugin.getUserPresetsFolder();
@@ -137,7 +137,7 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     processor.reset();
     const auto previousSettings = settings.loadFileAsString();
     ASSERT_TRUE(previousSettings.contains("UserSettings"));
-    processor = std::make_unique<PluginAudioProcessor>();
+    processor = std::make_unique<VelmarinProcessor>();
     processor->getPlugin().getParameterManager().getParameter(juce::String("Real-time Processing Quality"))->setText("Ultra", true);
     {
         const FileSizeLimit limit(16);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ParameterManager.h"
+#include "parameters/ParameterManager.h"
 
 /** This product's parameter manager: the generic manager plus the value display of the product's
     float parameters, for which it is also the formatter. Thread: as ParameterManager. */
