@@ -24,23 +24,18 @@ target_compile_definitions(velmarin_juce_settings INTERFACE
   JUCE_PLUGINHOST_LADSPA=0
   JUCE_SILENCE_XCODE_15_LINKER_WARNING=1)
 
-add_library(velmarin_juce STATIC)
-target_link_libraries(velmarin_juce
-  PRIVATE
-    juce::juce_audio_utils
-    juce::juce_cryptography
-  PUBLIC
-    velmarin_juce_settings
-    PkgConfig::VELMARIN_CODECS
-    PkgConfig::VELMARIN_IMAGE_CODECS)
-
-# Consumers compile against the same module headers and definitions that built the library.
-target_compile_definitions(velmarin_juce INTERFACE
-  $<TARGET_PROPERTY:velmarin_juce,COMPILE_DEFINITIONS>)
-target_include_directories(velmarin_juce SYSTEM INTERFACE
-  $<TARGET_PROPERTY:velmarin_juce,INCLUDE_DIRECTORIES>)
-target_compile_features(velmarin_juce PUBLIC cxx_std_20)
-set_target_properties(velmarin_juce PROPERTIES LINKER_LANGUAGE CXX)
+# JUCE in two archives, each module compiled once, both with every module's definitions:
+#   velmarin_juce_core  juce_core, juce_events, juce_data_structures, juce_audio_basics: what the
+#                       lower layers (io, parameters, engine) may use
+#   velmarin_juce       every other module (graphics, GUI, audio formats, devices, processors,
+#                       plug-in hosting types, cryptography), on top of the first
+# Both archives link every module target, so they compile with the same settings; in the folder of
+# each archive the other archive's module sources are marked as headers, so neither compiles them.
+set(VELMARIN_JUCE_CORE_MODULES juce_core juce_events juce_data_structures juce_audio_basics)
+set(VELMARIN_JUCE_ALL_MODULES ${VELMARIN_JUCE_CORE_MODULES} juce_graphics juce_gui_basics juce_gui_extra
+    juce_audio_formats juce_audio_devices juce_audio_processors juce_audio_utils juce_cryptography)
+add_subdirectory(${CMAKE_CURRENT_LIST_DIR}/juce-core ${CMAKE_BINARY_DIR}/juce-core)
+add_subdirectory(${CMAKE_CURRENT_LIST_DIR}/juce-rest ${CMAKE_BINARY_DIR}/juce-rest)
 
 # Options for the project's own code: warnings (JUCE's headers come in as system headers) and, in a
 # sanitizer build, AddressSanitizer and UndefinedBehaviorSanitizer. JUCE itself stays uninstrumented
@@ -58,6 +53,7 @@ if(VELMARIN_TSAN)
   if(VELMARIN_SANITIZE)
     message(FATAL_ERROR "VELMARIN_TSAN and VELMARIN_SANITIZE cannot be combined")
   endif()
+  target_compile_options(velmarin_juce_core PRIVATE -fsanitize=thread -fno-omit-frame-pointer -g)
   target_compile_options(velmarin_juce PRIVATE -fsanitize=thread -fno-omit-frame-pointer -g)
   target_compile_options(velmarin_code_options INTERFACE -fsanitize=thread -fno-omit-frame-pointer -g)
   target_link_options(velmarin_juce_settings INTERFACE -fsanitize=thread)
@@ -68,6 +64,7 @@ endif()
 # (-fsanitize=fuzzer); everything else, unit tests included, still links and runs as usual: the
 # sanitizer runtime supplies the coverage hooks.
 if(VELMARIN_FUZZ)
+  target_compile_options(velmarin_juce_core PRIVATE -fsanitize=fuzzer-no-link)
   target_compile_options(velmarin_juce PRIVATE -fsanitize=fuzzer-no-link)
   target_compile_options(velmarin_code_options INTERFACE -fsanitize=fuzzer-no-link)
   target_link_options(velmarin_code_options INTERFACE -fsanitize=fuzzer-no-link)
