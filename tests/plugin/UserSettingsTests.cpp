@@ -9,15 +9,15 @@
 
 namespace
 {
-class UserSettings : public ::testing::Test
+class UserSettingsFile : public ::testing::Test
 {
 protected:
-    UserSettings()
+    UserSettingsFile()
     {
         user.createDirectory();
         FolderRule::setOverride(user, data);
     }
-    ~UserSettings() override
+    ~UserSettingsFile() override
     {
         FolderRule::setOverride({}, {});
         user.deleteRecursively();
@@ -31,7 +31,7 @@ protected:
 };
 } // namespace
 
-TEST_F(UserSettings, FirstStartMakesTheFoldersAndTeardownWritesTheFile)
+TEST_F(UserSettingsFile, FirstStartMakesTheFoldersAndTeardownWritesTheFile)
 {
     {
         PluginAudioProcessor p;
@@ -66,7 +66,7 @@ TEST_F(UserSettings, FirstStartMakesTheFoldersAndTeardownWritesTheFile)
     EXPECT_EQ(quality->getChildByName("Parameters")->getNumChildElements(), 2);
 }
 
-TEST_F(UserSettings, DefaultQualitiesAndMapChoicesReachTheNextInstance)
+TEST_F(UserSettingsFile, DefaultQualitiesAndMapChoicesReachTheNextInstance)
 {
     {
         PluginAudioProcessor first;
@@ -96,7 +96,7 @@ TEST_F(UserSettings, DefaultQualitiesAndMapChoicesReachTheNextInstance)
     EXPECT_EQ(text(third, 100002), "Normal") << "no DefaultProcessingQuality: the defaults stay";
 }
 
-TEST_F(UserSettings, ForeignOrBrokenFilesAreIgnoredAndReplaced)
+TEST_F(UserSettingsFile, ForeignOrBrokenFilesAreIgnoredAndReplaced)
 {
     for (auto content : { R"(<UserSettings application="Other"><MidiControlMap default="yes" file="/x.vmccmap"/>
                                <DefaultProcessingQuality><Preset><Parameters><param name="Default Real-time Processing Quality" value="Draft"/></Parameters></Preset></DefaultProcessingQuality></UserSettings>)",
