@@ -14,8 +14,9 @@
 #include <algorithm>
 #include <cmath>
 
-BasePlugin::BasePlugin(ParameterManager* manager)
-    : parameters(manager),
+BasePlugin::BasePlugin(ParameterManager* manager, const FolderRule& folders)
+    : folderRule(folders),
+      parameters(manager),
       hostMap(*manager, [this] { return getHostParameterCount(); },
               [this]
               {
@@ -87,8 +88,8 @@ juce::String BasePlugin::getPluginFormat() const
 void BasePlugin::setUpDirectories()
 {
     const auto code = getCodeName();
-    userDirectory = FolderRule::userDirectory(code, pluginFile, getBranch());
-    dataDirectory = FolderRule::dataDirectory(code, pluginFile, getBranch());
+    userDirectory = folderRule.userDirectory(code, pluginFile, getBranch());
+    dataDirectory = folderRule.dataDirectory(code, pluginFile, getBranch());
 
     // An entry that exists is never overwritten; a folder that cannot be created is not reported
     // here, whatever writes into it fails later.

@@ -16,6 +16,7 @@
 #include "../parameters/EnumParameter.h"
 #include "../parameters/EventsMap.h"
 #include "../parameters/ParameterManager.h"
+#include "FolderRule.h"
 #include "HostParameterMap.h"
 #include "MidiControlMap.h"
 #include "PresetSlots.h"
@@ -44,8 +45,9 @@ public:
     static constexpr double maximumSampleRate = 768000.0;
 
     /** Takes ownership of the manager, reads "parameters.xml" into it and adds the internal
-        parameters and the built-in events. */
-    explicit BasePlugin(ParameterManager* manager);
+        parameters and the built-in events. The instance finds its folders by `folders`: the
+        product's rule unless the maker (a test, a tool) names its own. */
+    explicit BasePlugin(ParameterManager* manager, const FolderRule& folders = {});
     ~BasePlugin() override;
 
     // Parameter::Listener: the plug-in listens to every parameter.
@@ -236,6 +238,7 @@ private:
 
     std::atomic<int> nonRealtime { 0 };
     juce::File pluginFile;
+    FolderRule folderRule;
     juce::File userDirectory;
     juce::File dataDirectory;
     juce::HashMap<juce::String, juce::File> directories { 101 };

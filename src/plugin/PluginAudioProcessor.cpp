@@ -3,11 +3,11 @@
 #include "HostParameter.h"
 #include "Velmarin.h"
 
-PluginAudioProcessor::PluginAudioProcessor()
+PluginAudioProcessor::PluginAudioProcessor(const FolderRule& folders)
     : juce::AudioProcessor(BusesProperties()
                                .withInput("Input", juce::AudioChannelSet::stereo(), true)
                                .withOutput("Output", juce::AudioChannelSet::stereo(), true)),
-      plugin(std::make_unique<Velmarin>())
+      plugin(std::make_unique<Velmarin>(folders))
 {
     plugin->setProcessor(this);
     plugin->initialise();

@@ -2,17 +2,21 @@
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
+#include "FolderRule.h"
+
 class BasePlugin;
 class HostParameter;
 
 /** The juce::AudioProcessor that the host's wrapper drives. It owns one plug-in object (a
     Velmarin), sequences its start-up and teardown, and forwards every audio, parameter and state
     call to it. The host sees the plug-in's host parameter list as HostParameter objects.
+    The plug-in's entry makes it with the product's folder rule; tests, benchmarks and tools give
+    folders of their own.
     Thread: as juce::AudioProcessor. */
 class PluginAudioProcessor : public juce::AudioProcessor, private juce::ChangeListener
 {
 public:
-    PluginAudioProcessor();
+    explicit PluginAudioProcessor(const FolderRule& folders = {});
     ~PluginAudioProcessor() override;
 
     const juce::String getName() const override;

@@ -4,8 +4,8 @@
 #include "../engine/VelmarinCore.h"
 #include "../parameters/VelmarinParameterManager.h"
 
-Velmarin::Velmarin()
-    : MarrowgateEffect(new VelmarinParameterManager())
+Velmarin::Velmarin(const FolderRule& folders)
+    : MarrowgateEffect(new VelmarinParameterManager(), folders)
 {
 }
 

@@ -8,7 +8,8 @@
 class Velmarin : public MarrowgateEffect
 {
 public:
-    Velmarin();
+    /** Finds its folders by `folders`: the product's rule unless the maker names its own. */
+    explicit Velmarin(const FolderRule& folders = {});
 
     int getLatency() override { return 1; }
     bool autoMapsHostParameters() override { return true; }

@@ -29,15 +29,13 @@ protected:
     Stores()
     {
         user.createDirectory();
-        FolderRule::setOverride(user, user.getChildFile("data"));
-        processor = std::make_unique<PluginAudioProcessor>();
+        processor = std::make_unique<PluginAudioProcessor>(FolderRule::fixed(user, user.getChildFile("data")));
         store = plugin().getUserStore();
         store->attach(&registry);
     }
     ~Stores() override
     {
         processor.reset();
-        FolderRule::setOverride({}, {});
         user.deleteRecursively();
     }
 
