@@ -27,5 +27,6 @@ void requireDisplayForStandalone()
 juce::AudioProcessor* JUCE_CALLTYPE createPluginFilter()
 {
     requireDisplayForStandalone();
-    return new PluginAudioProcessor();
+    // A plug-in in a host keeps its files where the product's folder rule puts them.
+    return new PluginAudioProcessor(FolderRule());
 }
