@@ -38,6 +38,8 @@ void operator delete(void* p, std::size_t) noexcept { std::free(p); }
 namespace
 {
 constexpr int blockSize = 512;
+/** Every instance a benchmark makes keeps its settings in the run's private folder, set by main. */
+FolderRule benchFolders;
 const char* const qualities[] = { "Draft", "Normal", "High", "Ultra" };
 
 enum Setting
@@ -94,7 +96,7 @@ struct Instance
         processor.processBlock(buffer, midi);
     }
 
-    VelmarinProcessor processor;
+    VelmarinProcessor processor { benchFolders };
     juce::AudioBuffer<float> buffer, input;
     juce::MidiBuffer midi;
 };
@@ -158,7 +160,7 @@ void BM_Construction(benchmark::State& state)
     for (auto _ : state)
     {
         const auto before = mallinfo2().uordblks;
-        auto instance = std::make_unique<VelmarinProcessor>();
+        auto instance = std::make_unique<VelmarinProcessor>(benchFolders);
         heldBytes = static_cast<double>(mallinfo2().uordblks - before);
         instance.reset();
     }
@@ -225,7 +227,7 @@ int main(int argc, char** argv)
     // Instances keep their settings in a private folder, never the user's own.
     const auto folder = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("velmarin-bench", {}, false);
     folder.createDirectory();
-    FolderRule::setOverride(folder, folder.getChildFile("data"));
+    benchFolders = FolderRule::fixed(folder, folder.getChildFile("data"));
 
     benchmark::Initialize(&argc, argv);
     SpeedUpReporter reporter;
@@ -233,7 +235,6 @@ int main(int argc, char** argv)
     reporter.printSpeedUps();
     benchmark::Shutdown();
 
-    FolderRule::setOverride({}, {});
     folder.deleteRecursively();
     return 0;
 }

@@ -5,8 +5,8 @@ if(VELMARIN_BUILD_PLUGIN)
   set(VELMARIN_LV2_URI "https://q41group.com/plugins/velmarin")
 
   # After the build JUCE loads the LV2 plug-in once to write its description. That instance starts
-  # and tears down like any other, so the step runs through a wrapper that points the folder rule
-  # at the build tree: a build never writes into a user's real settings folder.
+  # and tears down like any other, so the step runs through a wrapper that gives it a private HOME
+  # in the build tree: a build never writes into a user's real settings folder.
   if(NOT TARGET juce_lv2_helper AND TARGET juce::juce_lv2_helper)
     get_target_property(velmarin_lv2_helper juce::juce_lv2_helper IMPORTED_LOCATION_NONE)
     if(NOT velmarin_lv2_helper)

@@ -25,7 +25,7 @@ command -v gdb >/dev/null || { echo "gdb is needed" >&2; exit 2; }
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-mkdir -p "$work/home/.lv2" "$work/user" "$work/data"
+mkdir -p "$work/home/.lv2"
 ln -s "$bundle" "$work/home/.lv2/Velmarin.lv2"
 cat >"$work/gdb" <<'GDB'
 set pagination off
@@ -50,7 +50,7 @@ continue
 end
 run
 GDB
-HOME="$work/home" VELMARIN_USER_DIR="$work/user" VELMARIN_DATA_DIR="$work/data" \
+HOME="$work/home" \
   gdb -batch -x "$work/gdb" --args "$pluginval" --strictness-level 10 --skip-gui-tests --randomise \
   --random-seed 0x200d79e4 --validate https://q41group.com/plugins/velmarin >"$work/log" 2>&1 || true
 

@@ -50,17 +50,17 @@ if ! pluginval=$(CMAKE_C_COMPILER_LAUNCHER="$launcher" CMAKE_CXX_COMPILER_LAUNCH
   echo "pluginval could not be built"; exit 1
 fi
 artefacts="$root/build/Velmarin_artefacts/Release"
-# Every instance pluginval makes keeps its settings in a private folder, never the user's own.
-pvfolders=$(mktemp -d)
+# Every instance pluginval makes keeps its settings in a private folder, never the user's own: the
+# plug-in finds its user folder under HOME, so each run gets a private one.
+pvhome=$(mktemp -d)
 lv2home=$(mktemp -d)
-trap 'rm -rf "$pvfolders" "$lv2home"' EXIT
-export VELMARIN_USER_DIR="$pvfolders/user" VELMARIN_DATA_DIR="$pvfolders/data"
-"$pluginval" --strictness-level 10 --skip-gui-tests --validate "$artefacts/VST3/Velmarin.vst3" \
+trap 'rm -rf "$pvhome" "$lv2home"' EXIT
+HOME="$pvhome" "$pluginval" --strictness-level 10 --skip-gui-tests --validate "$artefacts/VST3/Velmarin.vst3" \
   >build/pluginval-vst3.log 2>&1 || { tail -n 60 build/pluginval-vst3.log; echo "pluginval failed on VST3"; exit 1; }
 echo "VST3: $(tail -n 1 build/pluginval-vst3.log)"
 # The same in a random order, twenty times over. The seed is one whose order once caught a host
 # write dropped by the VST3 wrapper (see docs/RELIABILITY.md).
-"$pluginval" --strictness-level 10 --skip-gui-tests --randomise --repeat 20 --random-seed 0x200d79e4 \
+HOME="$pvhome" "$pluginval" --strictness-level 10 --skip-gui-tests --randomise --repeat 20 --random-seed 0x200d79e4 \
   --validate "$artefacts/VST3/Velmarin.vst3" >build/pluginval-vst3-random.log 2>&1 \
   || { grep -n '!!!' build/pluginval-vst3-random.log | head -n 20; tail -n 20 build/pluginval-vst3-random.log
        echo "pluginval failed on VST3 in random order"; exit 1; }

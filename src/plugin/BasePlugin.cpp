@@ -11,33 +11,28 @@
 #include "io/SafeFile.h"
 #include "engine/NonFiniteGuard.h"
 #include "FolderRule.h"
+#include "InternalParameters.h"
 #include "PluginAudioProcessor.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace
-{
-constexpr int presetNameIndex = 100000;
-constexpr int realtimeQualityIndex = 100001;
-constexpr int defaultRealtimeQualityIndex = 100002;
-constexpr int offlineQualityIndex = 100003;
-constexpr int defaultOfflineQualityIndex = 100004;
-constexpr int firstDebugParameter = 300000;
-constexpr int numDebugParameters = 12;
-} // namespace
-
-BasePlugin::BasePlugin(ParameterManager* manager, PluginResources productResources)
-    : parameters(manager),
+BasePlugin::BasePlugin(ParameterManager* manager, PluginResources productResources, const FolderRule& folders)
+    : folderRule(folders),
+      parameters(manager),
+      hostMap(*manager, [this] { return getHostParameterCount(); },
+              [this]
+              {
+                  if (processor != nullptr)
+                      processor->updateHostDisplay(juce::AudioProcessor::ChangeDetails().withParameterInfoChanged(true));
+              }),
+      settings(*manager),
+      stateChunk(*manager),
       midiMap(*manager),
-      resources(productResources)
+      resources(productResources),
+      presetSlots(*manager)
 {
     sampleRateContext.set(44100.0);
-    hostParameters.insertMultiple(0, nullptr, maxHostParameters);
-    for (auto& v : hostValues)
-        v.store(0.0f);
-    for (auto& g : hostWriteGuards)
-        g.store(0);
 
     parameters->loadFromResource(resources, "parameters.xml");
     addInternalParameters();
@@ -55,7 +50,7 @@ BasePlugin::~BasePlugin()
 
 void BasePlugin::addInternalParameters()
 {
-    parameters->addParameter(new StringParameter(presetNameIndex, "Preset Name", "Init"));
+    parameters->addParameter(new StringParameter(InternalParameters::presetName, "Preset Name", "Init"));
 
     qualityParameter = dynamic_cast<EnumParameter*>(parameters->getParameter("Processing Quality"));
     if (qualityParameter == nullptr)
@@ -63,23 +58,23 @@ void BasePlugin::addInternalParameters()
 
     // Added in this order on purpose: the two live settings first, then the user's defaults.
     const std::pair<int, const char*> clones[] = {
-        { realtimeQualityIndex, "Real-time Processing Quality" },
-        { offlineQualityIndex, "Offline Processing Quality" },
-        { defaultRealtimeQualityIndex, "Default Real-time Processing Quality" },
-        { defaultOfflineQualityIndex, "Default Offline Processing Quality" },
+        { InternalParameters::realtimeQuality, "Real-time Processing Quality" },
+        { InternalParameters::offlineQuality, "Offline Processing Quality" },
+        { InternalParameters::defaultRealtimeQuality, "Default Real-time Processing Quality" },
+        { InternalParameters::defaultOfflineQuality, "Default Offline Processing Quality" },
     };
     for (const auto& [index, name] : clones)
         parameters->addParameter(qualityParameter->clone(index, name));
 
-    realtimeQualityParameter = dynamic_cast<EnumParameter*>(parameters->getParameter(realtimeQualityIndex));
-    offlineQualityParameter = dynamic_cast<EnumParameter*>(parameters->getParameter(offlineQualityIndex));
+    realtimeQualityParameter = dynamic_cast<EnumParameter*>(parameters->getParameter(InternalParameters::realtimeQuality));
+    offlineQualityParameter = dynamic_cast<EnumParameter*>(parameters->getParameter(InternalParameters::offlineQuality));
 }
 
 void BasePlugin::addDebugParameters()
 {
-    for (int i = 0; i < numDebugParameters; ++i)
+    for (int i = 0; i < InternalParameters::numDebugParameters; ++i)
     {
-        auto* p = new FloatParameter(firstDebugParameter + i, "Debug Parameter " + juce::String(i), 0.0f, 1.0f, 0.0f);
+        auto* p = new FloatParameter(InternalParameters::firstDebugParameter + i, "Debug Parameter " + juce::String(i), 0.0f, 1.0f, 0.0f);
         if (parameters->addParameter(p) == 1)
             p->addListener(this);
     }
@@ -97,8 +92,8 @@ juce::String BasePlugin::getPluginFormat() const
 void BasePlugin::setUpDirectories()
 {
     const auto code = getCodeName();
-    userDirectory = FolderRule::userDirectory(code, pluginFile, getBranch());
-    dataDirectory = FolderRule::dataDirectory(code, pluginFile, getBranch());
+    userDirectory = folderRule.userDirectory(code, pluginFile, getBranch());
+    dataDirectory = folderRule.dataDirectory(code, pluginFile, getBranch());
 
     // An entry that exists is never overwritten; a folder that cannot be created is not reported
     // here, whatever writes into it fails later.
@@ -141,13 +136,7 @@ void BasePlugin::initialise()
             auto* p = all.getUnchecked(i);
             if (p == nullptr || ! p->isAutomatable())
                 continue;
-            const int h = hostParameterCount++;
-            {
-                const juce::ScopedLock lock(hostParametersLock);
-                hostParameters.set(h, p);
-            }
-            const juce::ScopedLock lock(hostIndicesLock);
-            hostIndices.set(p->getIndex(), h);
+            hostMap.placeSilently(hostParameterCount++, *p);
         }
     }
 
@@ -159,8 +148,8 @@ void BasePlugin::initialise()
     readUserSettings();
 
     midiMap.setName(getCodeName());
-    if (midiMapDefault)
-        midiMap.loadFromFile(midiMapFile);
+    if (settings.midiMapDefault)
+        midiMap.loadFromFile(settings.midiMapFile);
 
     loadHostMap();
 }
@@ -176,26 +165,23 @@ void BasePlugin::finishInitialisation()
             folder.createDirectory();
         }
 
-        auto& slot = presetSlots[0];
-        slot.nameParameter = presetNameIndex;
-        slot.ranges.clear();
-        slot.ranges.addRange({ 0, getParameterCount() });
-        storeToPreset(defaultPreset, 0);
-        storeToPreset(currentPreset, 0);
+        presetSlots.setUp(0, InternalParameters::presetName, getParameterCount());
+        storeToPreset(presetSlots.getDefaultPreset(), 0);
+        storeToPreset(presetSlots.getCurrentPreset(), 0);
     }
 
     if (supportsPresets())
     {
-        changeDetector = std::make_unique<PresetChangeDetector>(presetSlots[0].ranges, *parameters);
+        changeDetector = std::make_unique<PresetChangeDetector>(presetSlots.getSlot(0).ranges, *parameters);
         userPresets = std::make_unique<PresetsDirectoryContent<Preset>>("User", presetHost, 0, getUserPresetsFolder(),
                                                                          getPresetFileExtension());
     }
 
     parameters->captureDefaults();
 
-    loadingSlot.store(0);
+    presetSlots.setLoadingSlot(0);
     parameters->notifyAll();
-    loadingSlot.store(-1);
+    presetSlots.setLoadingSlot(-1);
     resetChangeDetector(0);
 
     if (wantsStateDump())
@@ -224,26 +210,13 @@ juce::File BasePlugin::getUserSettingsFile()
 
 bool BasePlugin::isUserSettings(const juce::XmlElement& element)
 {
-    return element.getTagName().equalsIgnoreCase("UserSettings")
-        && element.getStringAttribute("application").equalsIgnoreCase(getCodeName());
+    return UserSettings::isSettingsFor(element, getCodeName());
 }
 
 void BasePlugin::setMidiMapDefault(bool useAsDefault, const juce::File& file)
 {
-    midiMapDefault = useAsDefault;
-    midiMapFile = file;
-}
-
-void BasePlugin::readQualities(const juce::XmlElement& presetElement, int firstIndex, int secondIndex)
-{
-    Preset qualities;
-    qualities.readXml(&presetElement, *parameters, false);
-    for (int i = 0; i < qualities.getNumValues(); ++i)
-    {
-        const auto& v = qualities.getValue(i);
-        if (v.index == firstIndex || v.index == secondIndex)
-            parameters->setText(v.index, v.value);
-    }
+    settings.midiMapDefault = useAsDefault;
+    settings.midiMapFile = file;
 }
 
 void BasePlugin::readUserSettings()
@@ -251,62 +224,25 @@ void BasePlugin::readUserSettings()
     const auto root = XmlInput::parse(getUserSettingsFile());
     if (root != nullptr && isUserSettings(*root))
     {
-        for (auto* child : root->getChildIterator())
-        {
-            const bool midi = child->getTagName().equalsIgnoreCase("MidiControlMap");
-            const bool host = child->getTagName().equalsIgnoreCase("HostParametersMap");
-            if (! midi && ! host)
-                continue;
-            const bool useAsDefault = child->getStringAttribute("default").equalsIgnoreCase("yes");
-            const auto path = child->getStringAttribute("file");
-            // A relative or empty path names no document: the map's load then finds nothing.
-            const auto file = juce::File::isAbsolutePath(path) ? juce::File(path) : juce::File();
-            (midi ? midiMapDefault : hostParameterMapDefault) = useAsDefault;
-            (midi ? midiMapFile : hostParameterMapFile) = file;
-        }
-
-        if (auto* quality = root->getChildByName("DefaultProcessingQuality"))
-            if (auto* presetXml = quality->getChildByName("Preset"))
-                readQualities(*presetXml, defaultRealtimeQualityIndex, defaultOfflineQualityIndex);
-
+        settings.read(*root);
         readExtraUserSettings(*root);
     }
 
     // Whether or not the file was read, a new instance starts with the user's default qualities.
     if (qualityParameter != nullptr)
     {
-        parameters->copyValue(realtimeQualityIndex, defaultRealtimeQualityIndex);
-        parameters->copyValue(offlineQualityIndex, defaultOfflineQualityIndex);
+        parameters->copyValue(InternalParameters::realtimeQuality, InternalParameters::defaultRealtimeQuality);
+        parameters->copyValue(InternalParameters::offlineQuality, InternalParameters::defaultOfflineQuality);
     }
     userSettingsRead();
 }
 
 void BasePlugin::writeUserSettings()
 {
-    juce::XmlElement root("UserSettings");
-    root.setAttribute("application", getCodeName());
-    root.createNewChildElement("Presets")->createNewChildElement("Author");
-
-    const auto addMap = [&root](const char* tag, bool useAsDefault, const juce::File& file) {
-        auto* map = root.createNewChildElement(tag);
-        map->setAttribute("default", useAsDefault ? "yes" : "no");
-        if (file != juce::File())
-            map->setAttribute("file", file.getFullPathName());
-    };
-    addMap("MidiControlMap", midiMapDefault, midiMapFile);
-    addMap("HostParametersMap", hostParameterMapDefault, hostParameterMapFile);
-
-    if (qualityParameter != nullptr)
-    {
-        Preset qualities;
-        qualities.addValue(parameters->getParameter(defaultRealtimeQualityIndex));
-        qualities.addValue(parameters->getParameter(defaultOfflineQualityIndex));
-        root.createNewChildElement("DefaultProcessingQuality")->addChildElement(qualities.createXml(*parameters, true).release());
-    }
-
-    writeExtraUserSettings(root);
+    const auto root = settings.createXml(getCodeName(), qualityParameter != nullptr);
+    writeExtraUserSettings(*root);
     // The last instance to close wins; a failed write is not reported (the next teardown tries again).
-    (void) SafeFile::writeXml(getUserSettingsFile(), root);
+    (void) SafeFile::writeXml(getUserSettingsFile(), *root);
 
     if (wantsStateDump())
         if (const auto state = createState())
@@ -327,13 +263,13 @@ void BasePlugin::parameterChanged(Parameter& parameter)
 {
     if (&parameter == qualityParameter)
         updateLatency();
-    else if (parameter.getIndex() == realtimeQualityIndex)
+    else if (parameter.getIndex() == InternalParameters::realtimeQuality)
         applyQualitySetting();
 
     if (closing.load() || processor == nullptr)
         return;
     const int h = getHostIndex(parameter.getIndex());
-    if (h >= 0 && hostWriteGuards[static_cast<size_t>(h)].load() == 0)
+    if (h >= 0 && ! hostMap.isHostWriting(h))
         processor->sendParameterValueToHost(h, parameter.getNormalized());
 }
 
@@ -434,73 +370,42 @@ int BasePlugin::getSlotOfParameter(int index)
 
 void BasePlugin::storeToPreset(Preset& preset, int slot)
 {
-    if (slot < 0 || slot >= numPresetSlots)
+    if (! presetSlots.isSlot(slot))
         return;
-    preset.collectParameters(*parameters, presetSlots[static_cast<size_t>(slot)].ranges);
+    presetSlots.collect(preset, slot);
     preset.setName(getPresetName(slot));
 }
 
 juce::String BasePlugin::getPresetName(int slot)
 {
-    if (slot < 0 || slot >= numPresetSlots)
-        return {};
-    return parameters->getText(presetSlots[static_cast<size_t>(slot)].nameParameter);
+    return presetSlots.getName(slot);
 }
 
 void BasePlugin::setPresetName(const juce::String& name, int slot)
 {
-    if (slot < 0 || slot >= numPresetSlots)
-        return;
-    parameters->setText(presetSlots[static_cast<size_t>(slot)].nameParameter, name);
+    presetSlots.setName(name, slot);
 }
 
 const Preset* BasePlugin::getDefaultPreset(int)
 {
-    return &defaultPreset;
+    return &presetSlots.getDefaultPreset();
 }
 
 const Preset* BasePlugin::getCurrentPreset(int)
 {
-    return &currentPreset;
+    return &presetSlots.getCurrentPreset();
 }
 
 void BasePlugin::applyPreset(const Preset* preset, int slot, bool remember)
 {
-    if (preset == nullptr || slot < 0 || slot >= numPresetSlots)
+    if (preset == nullptr || ! presetSlots.isSlot(slot))
         return;
-    const auto& ranges = presetSlots[static_cast<size_t>(slot)].ranges;
-
-    // What the preset lacks goes to the default, so no parameter keeps an old value.
-    if (const auto* defaults = getDefaultPreset(slot))
-    {
-        auto missing = defaults->getIndices();
-        const auto& held = preset->getIndices();
-        for (int r = 0; r < held.getNumRanges(); ++r)
-            missing.removeRange(held.getRange(r));
-
-        for (int r = missing.getNumRanges(); --r >= 0;)
-        {
-            const auto range = missing.getRange(r);
-            for (int index = range.getStart(); index < range.getEnd(); ++index)
-            {
-                juce::String text;
-                if (ranges.contains(index) && defaults->findValue(index, text))
-                    parameters->setText(index, text);
-            }
-        }
-    }
-
-    for (int i = 0; i < preset->getNumValues(); ++i)
-    {
-        const auto& v = preset->getValue(i);
-        if (ranges.contains(v.index) && ! parameters->isParameterProtected(v.index))
-            parameters->setText(v.index, v.value);
-    }
+    presetSlots.applyValues(*preset, getDefaultPreset(slot), slot);
 
     setPresetName(preset->getName(), slot);
 
     if (remember)
-        storeToPreset(currentPreset, slot);
+        storeToPreset(presetSlots.getCurrentPreset(), slot);
 
     if (auto* detector = getChangeDetector(slot))
         detector->reset(getCurrentPreset(slot));
@@ -549,25 +454,15 @@ void BasePlugin::loadPreset(const Preset* preset, int slot)
         return;
     // Applying the current preset itself is safe: the baseline is rewritten only after every
     // value has been set.
-    loadingSlot.store(slot);
+    presetSlots.setLoadingSlot(slot);
     applyPreset(preset, slot, true);
-    loadingSlot.store(-1);
+    presetSlots.setLoadingSlot(-1);
     afterPresetLoaded(slot);
 }
 
 std::unique_ptr<juce::XmlElement> BasePlugin::createState()
 {
-    auto root = std::make_unique<juce::XmlElement>("PluginState");
-    root->setAttribute("application", getCodeName());
-
-    if (qualityParameter != nullptr)
-    {
-        Preset qualities;
-        qualities.addValue(parameters->getParameter(realtimeQualityIndex));
-        qualities.addValue(parameters->getParameter(offlineQualityIndex));
-        root->createNewChildElement("ProcessingQuality")->addChildElement(qualities.createXml(*parameters, true).release());
-    }
-
+    auto root = stateChunk.createDocument(getCodeName(), qualityParameter != nullptr);
     root->createNewChildElement("ParametersState")->addChildElement(createParametersStateXml().release());
     root->addChildElement(midiMap.createXml().release());
     return root;
@@ -575,8 +470,7 @@ std::unique_ptr<juce::XmlElement> BasePlugin::createState()
 
 bool BasePlugin::isPluginState(const juce::XmlElement& element)
 {
-    return element.getTagName().equalsIgnoreCase("PluginState")
-        && element.getStringAttribute("application").equalsIgnoreCase(getCodeName());
+    return StateChunk::isStateFor(element, getCodeName());
 }
 
 void BasePlugin::setState(const juce::XmlElement& element)
@@ -584,9 +478,7 @@ void BasePlugin::setState(const juce::XmlElement& element)
     if (! isPluginState(element))
         return;
 
-    if (auto* quality = element.getChildByName("ProcessingQuality"))
-        if (auto* presetXml = quality->getChildByName("Preset"))
-            readQualities(*presetXml, realtimeQualityIndex, offlineQualityIndex);
+    stateChunk.readQualities(element);
 
     if (auto* state = element.getChildByName("ParametersState"))
         if (auto* presetXml = state->getChildByName("Preset"))
@@ -599,24 +491,15 @@ void BasePlugin::setState(const juce::XmlElement& element)
 
 void BasePlugin::writeStateToBlock(juce::MemoryBlock& block)
 {
-    // The formats this build ships (VST3, LV2, Standalone) always receive the full XML state, even
-    // before any state was given to the instance (the single zero byte for that case belongs to a
-    // format this build does not ship). The one-byte block stands only for a state that
-    // copyXmlToBinary could not serialise; it is never parsed when it comes back.
-    block.reset();
-    if (auto state = createState())
-        juce::AudioProcessor::copyXmlToBinary(*state, block);
-    if (block.isEmpty())
-        block.setSize(1, true);
-    ++stateReadCount;
+    const auto state = createState();
+    stateChunk.writeToBlock(state.get(), block);
 }
 
 void BasePlugin::readStateFromBlock(const void* data, int size)
 {
-    if (data != nullptr && size > 1)
-        if (auto xml = XmlInput::parseBinaryState(data, size))
-            setState(*xml);
-    ++stateWriteCount;
+    if (auto xml = StateChunk::readFromBlock(data, size))
+        setState(*xml);
+    stateChunk.countWrite();
 }
 
 //==============================================================================
@@ -628,21 +511,17 @@ juce::String BasePlugin::getHostParameterName(int hostIndex)
 
 Parameter* BasePlugin::getHostParameter(int hostIndex)
 {
-    if (hostIndex < 0 || hostIndex >= maxHostParameters)
-        return nullptr;
-    const juce::ScopedLock lock(hostParametersLock);
-    return hostParameters[hostIndex];
+    return hostMap.getParameter(hostIndex);
 }
 
 int BasePlugin::getHostIndex(int parameterIndex)
 {
-    const juce::ScopedLock lock(hostIndicesLock);
-    return hostIndices.contains(parameterIndex) ? hostIndices[parameterIndex] : -1;
+    return hostMap.getHostIndex(parameterIndex);
 }
 
 juce::String BasePlugin::getParameterName(int hostIndex)
 {
-    if (hostIndex < 0 || hostIndex >= getHostParameterCount())
+    if (! hostMap.isValid(hostIndex))
         return {};
     if (getHostParameter(hostIndex) != nullptr)
         return getHostParameterName(hostIndex);
@@ -651,179 +530,57 @@ juce::String BasePlugin::getParameterName(int hostIndex)
 
 float BasePlugin::getParameter(int hostIndex)
 {
-    if (hostIndex < 0 || hostIndex >= getHostParameterCount())
-        return 0.0f;
-    if (auto* p = getHostParameter(hostIndex))
-        return p->getNormalized();
-    return hostValues[static_cast<size_t>(hostIndex)].load();
+    return hostMap.getValue(hostIndex);
 }
 
 juce::String BasePlugin::getParameterText(int hostIndex)
 {
-    if (hostIndex < 0 || hostIndex >= getHostParameterCount())
-        return {};
-    if (auto* p = getHostParameter(hostIndex))
-        return p->getDisplayText();
-    return juce::String(static_cast<double>(hostValues[static_cast<size_t>(hostIndex)].load()), 8);
+    return hostMap.getText(hostIndex);
 }
-
-namespace
-{
-// A detached copy of a parameter whose value and cached normalized value both match the original,
-// so that reading texts at other values never touches the live parameter or its listeners.
-std::unique_ptr<Parameter> makeScratchCopy(const Parameter& original)
-{
-    std::unique_ptr<Parameter> scratch(original.clone(original.getIndex(), original.getName()));
-    scratch->setUnit(original.getUnit());
-    const float n = original.getNormalized();
-    // A fresh float clone caches normalized 0: moving it away first makes the next write store both.
-    scratch->setNormalized(n < 0.5f ? 1.0f : 0.0f, false);
-    scratch->copyFrom(original, false);
-    return scratch;
-}
-} // namespace
 
 juce::String BasePlugin::getParameterTextForValue(int hostIndex, float normalizedValue)
 {
-    if (hostIndex < 0 || hostIndex >= getHostParameterCount())
-        return {};
-    auto* p = getHostParameter(hostIndex);
-    if (p == nullptr)
-        return juce::String(static_cast<double>(normalizedValue), 8);
-    auto scratch = makeScratchCopy(*p);
-    scratch->setNormalized(normalizedValue, false);
-    return scratch->getDisplayText();
+    return hostMap.getTextForValue(hostIndex, normalizedValue);
 }
 
 float BasePlugin::getParameterValueForText(int hostIndex, const juce::String& text)
 {
-    if (hostIndex < 0 || hostIndex >= getHostParameterCount())
-        return 0.0f;
-    auto* p = getHostParameter(hostIndex);
-    if (p == nullptr)
-    {
-        const auto number = ValueText::parseNumber(text);
-        return number ? juce::jlimit(0.0f, 1.0f, static_cast<float>(*number)) : getParameter(hostIndex);
-    }
-    // The host shows display texts, so a typed text is read as one: "+6.0dB", "6 dB", "On", an item.
-    auto scratch = makeScratchCopy(*p);
-    int steps = 0;
-    if (dynamic_cast<BoolParameter*>(p) != nullptr)
-        steps = 2;
-    else if (auto* ip = dynamic_cast<IntParameter*>(p))
-        steps = ip->getMaximum() - ip->getMinimum() + 1;
-    return ValueText::normalizedForDisplayText(text, p->getNormalized(), steps,
-                                               [&scratch](float n)
-                                               {
-                                                   scratch->setNormalized(n, false);
-                                                   return scratch->getDisplayText();
-                                               });
+    return hostMap.getValueForText(hostIndex, text);
 }
 
 float BasePlugin::getParameterDefaultValue(int hostIndex)
 {
-    if (hostIndex < 0 || hostIndex >= getHostParameterCount())
-        return 0.0f;
-    auto* p = getHostParameter(hostIndex);
-    float value = 0.0f;
-    if (p == nullptr || ! parameters->getDefaultValue(p->getIndex(), value))
-        return 0.0f;
-    return value;
+    return hostMap.getDefaultValue(hostIndex);
 }
 
 void BasePlugin::setParameter(int hostIndex, float value)
 {
-    if (hostIndex < 0 || hostIndex >= getHostParameterCount())
-        return;
-    const auto h = static_cast<size_t>(hostIndex);
-    hostValues[h].store(value);
-    if (auto* p = getHostParameter(hostIndex))
-    {
-        hostWriteGuards[h].store(1);
-        p->setNormalized(value, true);
-        hostWriteGuards[h].store(0);
-    }
+    hostMap.setValue(hostIndex, value);
 }
 
 bool BasePlugin::isParameterAutomatable(int hostIndex)
 {
-    return hostIndex >= 0 && hostIndex < getHostParameterCount();
+    return hostMap.isValid(hostIndex);
 }
 
 bool BasePlugin::isMetaParameter(int hostIndex)
 {
-    if (hostIndex < 0 || hostIndex >= getHostParameterCount())
-        return false;
-    auto* p = getHostParameter(hostIndex);
-    return p != nullptr && p->isMeta();
+    return hostMap.isMeta(hostIndex);
 }
 
 void BasePlugin::clearHostParameter(int hostIndex)
 {
-    if (hostIndex < 0 || hostIndex >= getHostParameterCount())
-        return;
-    Parameter* p = nullptr;
-    {
-        const juce::ScopedLock lock(hostParametersLock);
-        p = hostParameters[hostIndex];
-        if (p == nullptr)
-            return;
-        hostParameters.set(hostIndex, nullptr);
-    }
-    {
-        const juce::ScopedLock lock(hostIndicesLock);
-        hostIndices.remove(p->getIndex());
-    }
-    hostMapChanges.sendChangeMessage();
+    hostMap.clear(hostIndex);
 }
 
 void BasePlugin::setHostParameter(int hostIndex, Parameter* p, bool tellHost)
 {
-    if (p == nullptr)
-    {
-        clearHostParameter(hostIndex);
-        return;
-    }
-    const int oldIndex = getHostIndex(p->getIndex());
-    if (oldIndex >= 0 && oldIndex != hostIndex)
-        clearHostParameter(oldIndex);
-    if (! p->isAutomatable() || hostIndex < 0 || hostIndex >= getHostParameterCount())
-        return;
-
-    Parameter* displaced = nullptr;
-    {
-        const juce::ScopedLock lock(hostParametersLock);
-        displaced = hostParameters[hostIndex];
-        if (displaced == p)
-            return;
-        hostParameters.set(hostIndex, p);
-    }
-    {
-        const juce::ScopedLock lock(hostIndicesLock);
-        if (displaced != nullptr)
-            hostIndices.remove(displaced->getIndex());
-        hostIndices.set(p->getIndex(), hostIndex);
-    }
-    if (tellHost)
-    {
-        if (processor != nullptr)
-            processor->updateHostDisplay(juce::AudioProcessor::ChangeDetails().withParameterInfoChanged(true));
-        hostMapChanges.sendChangeMessage();
-    }
+    hostMap.place(hostIndex, p, tellHost);
 }
 
 void BasePlugin::clearHostMap()
 {
-    {
-        const juce::ScopedLock lock(hostParametersLock);
-        hostParameters.clearQuick();
-        hostParameters.insertMultiple(0, nullptr, maxHostParameters);
-    }
-    {
-        const juce::ScopedLock lock(hostIndicesLock);
-        hostIndices.clear();
-    }
-    hostMapChanges.sendChangeMessage();
+    hostMap.clearAll();
 }
 
 bool BasePlugin::isHostMapFor(const juce::XmlElement* element)
@@ -834,18 +591,8 @@ bool BasePlugin::isHostMapFor(const juce::XmlElement* element)
 
 void BasePlugin::readHostMapXml(const juce::XmlElement& root)
 {
-    if (! isHostMapFor(&root))
-        return;
-    clearHostMap();
-    for (auto* child : root.getChildIterator())
-    {
-        if (! child->getTagName().equalsIgnoreCase("assign"))
-            continue;
-        // Host numbers count from 1: a missing or zero number is -1 and lands nowhere.
-        const int hostIndex = child->getIntAttribute("hostParam", 0) - 1;
-        setHostParameter(hostIndex, parameters->getParameter(child->getStringAttribute("pluginParam")), true);
-    }
-    hostMapChanges.sendChangeMessage();
+    if (isHostMapFor(&root))
+        hostMap.readAssignments(root);
 }
 
 bool BasePlugin::hasFixedHostList() const
@@ -866,9 +613,9 @@ bool BasePlugin::loadHostMapFile(const juce::File& file)
 
 void BasePlugin::loadHostMap()
 {
-    if (hostParameterMapDefault && ! hasFixedHostList())
+    if (settings.hostParameterMapDefault && ! hasFixedHostList())
     {
-        loadHostMapFile(hostParameterMapFile);
+        loadHostMapFile(settings.hostParameterMapFile);
         return;
     }
     const auto text = resources.getText("default." + getCodeLetters().toLowerCase() + "hpmap");

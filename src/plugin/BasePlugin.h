@@ -1,10 +1,13 @@
 #pragma once
 
 // The plug-in framework's root object. BasePlugin owns the parameter manager and every parameter,
-// the default and current preset, the host parameter map and the sample-rate constants; it runs the
+// the sample-rate constants and four parts it holds by value: the host parameter map
+// (HostParameterMap), the user settings (UserSettings), the state chunk's frame and counters
+// (StateChunk) and the preset slots with the default and current preset (PresetSlots). It runs the
 // start-up sequence that PluginAudioProcessor drives, the audio entry (quality switch, denormal
-// mode), the state chunk, and the one road from a preset into the parameters. MarrowgateEffect adds
-// the DSP core and the block driver; Velmarin answers the product's constants.
+// mode), and keeps the operations hosts, editors and products call, each delegating to its part;
+// the hooks a product overrides stay here. MarrowgateEffect adds the DSP core and the block driver;
+// Velmarin answers the product's constants.
 
 #include "content/Preset.h"
 #include "content/ContentSource.h"
@@ -14,11 +17,15 @@
 #include "parameters/EnumParameter.h"
 #include "parameters/EventsMap.h"
 #include "parameters/ParameterManager.h"
+#include "FolderRule.h"
+#include "HostParameterMap.h"
 #include "MidiControlMap.h"
+#include "PresetSlots.h"
 #include "ProcessContext.h"
 #include "SoftwareDesignation.h"
+#include "StateChunk.h"
+#include "UserSettings.h"
 
-#include <array>
 #include <atomic>
 
 class PluginAudioProcessor;
@@ -30,22 +37,19 @@ class PluginAudioProcessor;
 class BasePlugin : public Parameter::Listener, public SoftwareDesignation
 {
 public:
-    /** The parameter indices that belong to one preset, and the parameter that holds its name. */
-    struct PresetSlot
-    {
-        int nameParameter = -1;
-        juce::SparseSet<int> ranges;
-    };
+    using PresetSlot = PresetSlots::PresetSlot;
 
-    static constexpr int maxHostParameters = 256;
-    static constexpr int numPresetSlots = 16;
+    static constexpr int maxHostParameters = HostParameterMap::maxHostParameters;
+    static constexpr int numPresetSlots = PresetSlots::numPresetSlots;
     /** Host sample rates the engine runs at; prepare takes any other rate as the nearest of these. */
     static constexpr double minimumSampleRate = 8000.0;
     static constexpr double maximumSampleRate = 768000.0;
 
     /** Takes ownership of the manager, reads "parameters.xml" from the product's resources into it
-        and adds the internal parameters, then "events.xml" and the built-in events. */
-    BasePlugin(ParameterManager* manager, PluginResources productResources);
+        and adds the internal parameters, then "events.xml" and the built-in events. The instance
+        finds its folders by `folders`: the product's rule unless the maker (a test, a tool) names
+        its own. */
+    BasePlugin(ParameterManager* manager, PluginResources productResources, const FolderRule& folders = {});
     ~BasePlugin() override;
 
     // Parameter::Listener: the plug-in listens to every parameter.
@@ -117,8 +121,6 @@ public:
     /** The processor's destructor, before it deletes the plug-in: writes the user settings, then
         raises the closing flag (no change is sent to the host after that). */
     void beginTeardown();
-    /** The processor's destructor, after the editor is gone. */
-    void editorDeleted() noexcept { editorGone = true; }
 
     /** Reads the settings file into the map fields and the default qualities, then copies the
         default qualities into the live ones. A missing, broken or foreign file is ignored. */
@@ -133,12 +135,12 @@ public:
     const juce::File& getPluginFile() const noexcept { return pluginFile; }
 
     // The map choices the settings file keeps between instances.
-    bool isMidiMapDefault() const noexcept { return midiMapDefault; }
-    const juce::File& getMidiMapFile() const noexcept { return midiMapFile; }
+    bool isMidiMapDefault() const noexcept { return settings.midiMapDefault; }
+    const juce::File& getMidiMapFile() const noexcept { return settings.midiMapFile; }
     /** Set from the MIDI options: use this file as the map of every new instance, or just remember it. */
     void setMidiMapDefault(bool useAsDefault, const juce::File& file);
-    bool isHostParameterMapDefault() const noexcept { return hostParameterMapDefault; }
-    const juce::File& getHostParameterMapFile() const noexcept { return hostParameterMapFile; }
+    bool isHostParameterMapDefault() const noexcept { return settings.hostParameterMapDefault; }
+    const juce::File& getHostParameterMapFile() const noexcept { return settings.hostParameterMapFile; }
 
     // Audio entry points.
     void prepareToPlay(double sampleRate, int maximumBlockSize);
@@ -208,7 +210,7 @@ public:
         built-in "default" map resource when the product has one; otherwise the default map stands. */
     void loadHostMap();
     /** Told when the host map changes (message thread, asynchronously). */
-    juce::ChangeBroadcaster& getHostMapChanges() noexcept { return hostMapChanges; }
+    juce::ChangeBroadcaster& getHostMapChanges() noexcept { return hostMap.getChanges(); }
 
     MidiControlMap& getMidiMap() noexcept { return midiMap; }
     /** The file extension of MIDI control maps: "." + code letters in lower case + "ccmap". */
@@ -217,15 +219,18 @@ public:
     ParameterManager& getParameterManager() noexcept { return *parameters; }
     const SampleRateContext& getSampleRateContext() const noexcept { return sampleRateContext; }
     const EventsMap& getEvents() const noexcept { return events; }
-    const PresetSlot& getPresetSlot(int slot) const { return presetSlots[static_cast<size_t>(slot)]; }
+    const PresetSlot& getPresetSlot(int slot) const { return presetSlots.getSlot(slot); }
     EnumParameter* getQualityParameter() const noexcept { return qualityParameter; }
     PluginAudioProcessor* getProcessor() const noexcept { return processor; }
 
-    int getStateReadCount() const noexcept { return stateReadCount; }
-    int getStateWriteCount() const noexcept { return stateWriteCount; }
+    int getStateReadCount() const noexcept { return stateChunk.getStateReadCount(); }
+    int getStateWriteCount() const noexcept { return stateChunk.getStateWriteCount(); }
     bool isPrepared() const noexcept { return prepared.load() == 1; }
     bool isNonRealtime() const noexcept { return nonRealtime.load() == 1; }
-    int getLoadingSlot() const noexcept { return loadingSlot.load(); }
+    int getLoadingSlot() const noexcept { return presetSlots.getLoadingSlot(); }
+    /** The editor's MIDI lamp: it exchanges this with 0 on its timer. Nothing in this product sets
+        it, so the lamp stays dark. Any thread. */
+    std::atomic<int>& getMidiActivity() noexcept { return midiActivity; }
 
 protected:
     SampleRateContext sampleRateContext;
@@ -236,14 +241,11 @@ private:
     void addDebugParameters();
     void updateLatency();
     void setUpDirectories();
-    /** Sets the qualities a saved preset element holds, of the two indices given, by their texts. */
-    void readQualities(const juce::XmlElement& presetElement, int firstIndex, int secondIndex);
     juce::File getStateDumpFile() const;
 
-    int stateReadCount = 0;
-    int stateWriteCount = 0;
     std::atomic<int> nonRealtime { 0 };
     juce::File pluginFile;
+    FolderRule folderRule;
     juce::File userDirectory;
     juce::File dataDirectory;
     juce::HashMap<juce::String, juce::File> directories { 101 };
@@ -263,37 +265,26 @@ private:
     };
     StoreAdapter presetHost { *this };
 
-    juce::Array<Parameter*> hostParameters;
-    juce::CriticalSection hostParametersLock;
-    juce::HashMap<int, int> hostIndices;
-    juce::CriticalSection hostIndicesLock;
-    std::array<std::atomic<float>, maxHostParameters> hostValues {};
-    std::array<std::atomic<int>, maxHostParameters> hostWriteGuards {};
-    juce::File hostParameterMapFile;
-    bool hostParameterMapDefault = false;
+    /** The host list's length when the product does not answer its own: 128, then the number of
+        parameters the default map places. */
     int hostParameterCount = 128;
-    juce::ChangeBroadcaster hostMapChanges;
+    HostParameterMap hostMap;
+    UserSettings settings;
+    StateChunk stateChunk;
     MidiControlMap midiMap;
-    bool midiMapDefault = false;
-    juce::File midiMapFile;
-    /** The editor's MIDI lamp reads this; nothing in this product sets it, so the lamp stays dark. */
     std::atomic<int> midiActivity { 0 };
 
     EventsMap events;
     PluginResources resources;
-    std::array<PresetSlot, numPresetSlots> presetSlots;
+    PresetSlots presetSlots;
     EnumParameter* qualityParameter = nullptr;
     EnumParameter* realtimeQualityParameter = nullptr;
     EnumParameter* offlineQualityParameter = nullptr;
-    Preset defaultPreset;
-    Preset currentPreset;
-    std::atomic<int> loadingSlot { -1 };
     PluginAudioProcessor* processor = nullptr;
 
     int maximumBlockSize = 0;
     bool everPrepared = false;
     std::atomic<bool> closing { false };
-    bool editorGone = false;
     // Declared last: they hold parameters and the plug-in, so they go first.
     std::unique_ptr<ContentSource> userPresets;
     std::unique_ptr<PresetChangeDetector> changeDetector;

@@ -1,44 +1,28 @@
 #include "FolderRule.h"
 
-namespace
+FolderRule FolderRule::fixed(const juce::File& userDirectory, const juce::File& dataDirectory)
 {
-juce::CriticalSection overrideLock;
-juce::File userOverride;
-juce::File dataOverride;
-} // namespace
-
-void FolderRule::setOverride(const juce::File& userDirectory, const juce::File& dataDirectory)
-{
-    const juce::ScopedLock lock(overrideLock);
-    userOverride = userDirectory;
-    dataOverride = dataDirectory;
+    FolderRule rule;
+    rule.fixedUser = userDirectory;
+    rule.fixedData = dataDirectory;
+    return rule;
 }
 
-juce::File FolderRule::userDirectory(const juce::String& codeName, const juce::File& pluginFile, const juce::String& branch)
+juce::File FolderRule::userDirectory(const juce::String& codeName, const juce::File& pluginFile,
+                                     const juce::String& branch) const
 {
-    return resolve(codeName, pluginFile, branch, true);
+    return fixedUser != juce::File() ? fixedUser : resolve(codeName, pluginFile, branch, true);
 }
 
-juce::File FolderRule::dataDirectory(const juce::String& codeName, const juce::File& pluginFile, const juce::String& branch)
+juce::File FolderRule::dataDirectory(const juce::String& codeName, const juce::File& pluginFile,
+                                     const juce::String& branch) const
 {
-    return resolve(codeName, pluginFile, branch, false);
+    return fixedData != juce::File() ? fixedData : resolve(codeName, pluginFile, branch, false);
 }
 
 juce::File FolderRule::resolve(const juce::String& codeName, const juce::File& pluginFile, const juce::String& branch,
                                bool user)
 {
-    {
-        const juce::ScopedLock lock(overrideLock);
-        const auto& chosen = user ? userOverride : dataOverride;
-        if (chosen != juce::File())
-            return chosen;
-    }
-
-    const auto variable = codeName.toUpperCase() + (user ? "_USER_DIR" : "_DATA_DIR");
-    const auto fromEnvironment = juce::SystemStats::getEnvironmentVariable(variable, {});
-    if (fromEnvironment.isNotEmpty())
-        return juce::File::getCurrentWorkingDirectory().getChildFile(fromEnvironment);
-
     const auto local = pluginFile.getSiblingFile(codeName + (user ? "_user" : "_data"));
     if (! branch.equalsIgnoreCase("master") && local.isDirectory())
         return local;

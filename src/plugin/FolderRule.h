@@ -8,28 +8,34 @@
 //   user:  <per-user application data>/Q41 Group/<code>   (~/.config/Q41 Group/Velmarin on Linux)
 //   data:  <shared application data>/Q41 Group/<code>     (/opt/Q41 Group/Velmarin on Linux)
 //
-// The seam: a folder given to `setOverride`, or else the environment variables
-// "<CODE>_USER_DIR" and "<CODE>_DATA_DIR" (VELMARIN_USER_DIR, VELMARIN_DATA_DIR), replace the
-// rule's answer. Tests, the render tool, the build's LV2 description step and plug-in validation
-// use it so that they never read or rewrite a user's real settings.
+// An instance is given its rule when it is made: the plug-in's entry gives the rule above; tests,
+// benchmarks and the render tool give folders of their own, so that they never read or rewrite a
+// user's real settings. Nothing process-wide chooses a folder.
 
 #include <juce_core/juce_core.h>
 
-/** The folder rule and its seam. Thread: the override is set before instances are created (it is
-    guarded by a lock, so a late call is safe, but instances that already started keep theirs). */
+/** The folder rule an instance follows: a plain value, copied into the instance at start-up.
+    A default-made rule is the product's; `fixed` names the folders outright.
+    Thread: any thread (a value without shared state). */
 class FolderRule
 {
 public:
     static constexpr const char* vendorFolder = "Q41 Group";
 
-    /** Replaces the two folders for instances created from now on; an empty file restores the
-        environment variables or the rule for that folder. */
-    static void setOverride(const juce::File& userDirectory, const juce::File& dataDirectory);
+    /** The product's rule. */
+    FolderRule() = default;
+    /** The given folders whatever the plug-in's file or branch; an empty one follows the rule. */
+    static FolderRule fixed(const juce::File& userDirectory, const juce::File& dataDirectory);
 
-    static juce::File userDirectory(const juce::String& codeName, const juce::File& pluginFile, const juce::String& branch);
-    static juce::File dataDirectory(const juce::String& codeName, const juce::File& pluginFile, const juce::String& branch);
+    juce::File userDirectory(const juce::String& codeName, const juce::File& pluginFile,
+                             const juce::String& branch) const;
+    juce::File dataDirectory(const juce::String& codeName, const juce::File& pluginFile,
+                             const juce::String& branch) const;
 
 private:
     static juce::File resolve(const juce::String& codeName, const juce::File& pluginFile, const juce::String& branch,
                               bool user);
+
+    juce::File fixedUser;
+    juce::File fixedData;
 };

@@ -28,7 +28,6 @@ PluginAudioProcessor::~PluginAudioProcessor()
     // Settings first, while everything is still alive; then the editor; then the plug-in with its
     // manager and parameters.
     plugin->beginTeardown();
-    plugin->editorDeleted();
     plugin.reset();
 }
 

@@ -27,5 +27,6 @@ void requireDisplayForStandalone()
 juce::AudioProcessor* JUCE_CALLTYPE createPluginFilter()
 {
     requireDisplayForStandalone();
-    return new VelmarinProcessor();
+    // A plug-in in a host keeps its files where the product's folder rule puts them.
+    return new VelmarinProcessor(FolderRule());
 }

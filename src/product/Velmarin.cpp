@@ -6,8 +6,8 @@
 #include "VelmarinParameterManager.h"
 #include "VelmarinResources.h"
 
-Velmarin::Velmarin()
-    : MarrowgateEffect(new VelmarinParameterManager(), getResources())
+Velmarin::Velmarin(const FolderRule& folders)
+    : MarrowgateEffect(new VelmarinParameterManager(), getResources(), folders)
 {
 }
 

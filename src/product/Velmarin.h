@@ -8,7 +8,8 @@
 class Velmarin : public MarrowgateEffect
 {
 public:
-    Velmarin();
+    /** Finds its folders by `folders`: the product's rule unless the maker names its own. */
+    explicit Velmarin(const FolderRule& folders = {});
 
     /** The files embedded in the product's module ("parameters.xml", "default.vmhpmap"). */
     static PluginResources getResources();

@@ -2,7 +2,7 @@
 
 #include "Velmarin.h"
 
-VelmarinProcessor::VelmarinProcessor()
-    : PluginAudioProcessor(std::make_unique<Velmarin>())
+VelmarinProcessor::VelmarinProcessor(const FolderRule& folders)
+    : PluginAudioProcessor(std::make_unique<Velmarin>(folders))
 {
 }

@@ -3,9 +3,10 @@
 #include "plugin/PluginAudioProcessor.h"
 
 /** The plug-in as a host makes it: a PluginAudioProcessor that owns a Velmarin. The plug-in's
-    entry point, the render tool and the tests make this one. Thread: as juce::AudioProcessor. */
+    entry point makes it with the product's folder rule; tests, benchmarks and tools give folders
+    of their own. Thread: as juce::AudioProcessor. */
 class VelmarinProcessor : public PluginAudioProcessor
 {
 public:
-    VelmarinProcessor();
+    explicit VelmarinProcessor(const FolderRule& folders = {});
 };

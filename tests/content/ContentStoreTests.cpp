@@ -30,15 +30,13 @@ protected:
     Stores()
     {
         user.createDirectory();
-        FolderRule::setOverride(user, user.getChildFile("data"));
-        processor = std::make_unique<VelmarinProcessor>();
+        processor = std::make_unique<VelmarinProcessor>(FolderRule::fixed(user, user.getChildFile("data")));
         store = plugin().getUserStore();
         store->attach(&registry);
     }
     ~Stores() override
     {
         processor.reset();
-        FolderRule::setOverride({}, {});
         user.deleteRecursively();
     }
 

@@ -44,7 +44,7 @@ void fail(const char* check, const char* file, int line)
 
 void usePrivateFolders()
 {
-    if (std::getenv("VELMARIN_USER_DIR") != nullptr && std::getenv("VELMARIN_DATA_DIR") != nullptr)
+    if (privateRoot != juce::File())
         return;
     // Memory-backed when the system has it: the plug-in syncs every file it writes, which on a disk
     // would hold the file-writing targets to a few dozen runs a second.
@@ -54,8 +54,6 @@ void usePrivateFolders()
     privateRoot = base.getNonexistentChildFile("velmarin-fuzz", {}, false);
     privateRoot.getChildFile("user").createDirectory();
     privateRoot.getChildFile("data").createDirectory();
-    setenv("VELMARIN_USER_DIR", privateRoot.getChildFile("user").getFullPathName().toRawUTF8(), 1);
-    setenv("VELMARIN_DATA_DIR", privateRoot.getChildFile("data").getFullPathName().toRawUTF8(), 1);
     std::atexit(removePrivateRoot);
 }
 
@@ -63,7 +61,8 @@ VelmarinProcessor& sharedProcessor()
 {
     static auto* const processor = [] {
         usePrivateFolders();
-        return new VelmarinProcessor();
+        return new VelmarinProcessor(
+            FolderRule::fixed(privateRoot.getChildFile("user"), privateRoot.getChildFile("data")));
     }();
     return *processor;
 }
@@ -76,7 +75,7 @@ juce::String textOf(const uint8_t* data, size_t size)
 juce::File scratchFile(const juce::String& name)
 {
     usePrivateFolders();
-    const auto folder = juce::File(juce::String::fromUTF8(std::getenv("VELMARIN_USER_DIR"))).getChildFile("fuzz-scratch");
+    const auto folder = privateRoot.getChildFile("user").getChildFile("fuzz-scratch");
     folder.createDirectory();
     return folder.getChildFile(name);
 }

@@ -32,11 +32,10 @@ using FailureHandler = void (*)(const char* check, const char* file, int line);
 void setFailureHandler(FailureHandler handler);
 void fail(const char* check, const char* file, int line);
 
-/** Points the user and data folders at a private temporary folder (removed at exit), unless a
-    test runner has already set them. */
+/** Makes the private user and data folders in a temporary folder (removed at exit), once. */
 void usePrivateFolders();
 
-/** One plug-in instance for the whole process, made on first use after the folders are private.
+/** One plug-in instance for the whole process, made on first use in the private folders.
     It is never deleted: its teardown would write the settings file after the folder is gone. */
 VelmarinProcessor& sharedProcessor();
 

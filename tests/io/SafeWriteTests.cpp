@@ -54,16 +54,10 @@ private:
 class SafeWrite : public ::testing::Test
 {
 protected:
-    SafeWrite()
-    {
-        user.createDirectory();
-        FolderRule::setOverride(user, user.getChildFile("data"));
-    }
-    ~SafeWrite() override
-    {
-        FolderRule::setOverride({}, {});
-        user.deleteRecursively();
-    }
+    SafeWrite() { user.createDirectory(); }
+    ~SafeWrite() override { user.deleteRecursively(); }
+
+    FolderRule folders() const { return FolderRule::fixed(user, user.getChildFile("data")); }
 
     /** Writes `previous` to `file`, then runs `write` under a 16-byte limit: the write must fail and
         leave the folder exactly as it was. */
@@ -100,7 +94,7 @@ protected:
 TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
 {
     const juce::String previousPreset = R"(<Preset tags="Type:Jet"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
-    auto processor = std::make_unique<VelmarinProcessor>();
+    auto processor = std::make_unique<VelmarinProcessor>(folders());
     auto& plugin = processor->getPlugin();
     auto& manager = plugin.getParameterManager();
     const auto presets = plugin.getUserPresetsFolder();
@@ -137,7 +131,7 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     processor.reset();
     const auto previousSettings = settings.loadFileAsString();
     ASSERT_TRUE(previousSettings.contains("UserSettings"));
-    processor = std::make_unique<VelmarinProcessor>();
+    processor = std::make_unique<VelmarinProcessor>(folders());
     processor->getPlugin().getParameterManager().getParameter(juce::String("Real-time Processing Quality"))->setText("Ultra", true);
     {
         const FileSizeLimit limit(16);

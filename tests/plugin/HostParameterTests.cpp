@@ -208,26 +208,24 @@ TEST(HostParameterMapSettings, TheSettingsMapFileReplacesTheDefaultMapAtStartUp)
 {
     const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("host-settings", {}, false);
     user.createDirectory();
-    FolderRule::setOverride(user, {});
     const auto mapFile = user.getChildFile("mine.vmhpmap");
     ASSERT_TRUE(mapFile.replaceWithText(R"(<HostParametersMap name="Velmarin"><assign hostParam="28" pluginParam="Preamp"/></HostParametersMap>)"));
     ASSERT_TRUE(user.getChildFile("Velmarin.ini").replaceWithText(
         R"(<UserSettings application="Velmarin"><HostParametersMap default="yes" file=")" + mapFile.getFullPathName() + R"("/></UserSettings>)"));
     {
-        VelmarinProcessor p;
+        VelmarinProcessor p(FolderRule::fixed(user, {}));
         EXPECT_EQ(p.getParameters()[27]->getName(100), "Preamp");
         EXPECT_EQ(p.getParameters()[0]->getName(100), "Parameter 1");
     }
     // An LV2 bundle's parameter list is written at build time: there the default list stands.
     juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_LV2);
     {
-        VelmarinProcessor lv2;
+        VelmarinProcessor lv2(FolderRule::fixed(user, {}));
         EXPECT_EQ(lv2.getParameters()[27]->getName(100), "Output Volume");
         EXPECT_EQ(lv2.getParameters()[0]->getName(100), "Preamp");
         EXPECT_FALSE(lv2.getPlugin().loadHostMapFile(mapFile));
         EXPECT_EQ(lv2.getParameters()[27]->getName(100), "Output Volume");
     }
     juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_Undefined);
-    FolderRule::setOverride({}, {});
     user.deleteRecursively();
 }

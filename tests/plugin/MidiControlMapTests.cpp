@@ -123,7 +123,6 @@ TEST(MidiMapSettings, TheDefaultMapOfTheSettingsLoadsAtStartUp)
 {
     const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("midi-settings", {}, false);
     user.createDirectory();
-    FolderRule::setOverride(user, {});
     const auto mapFile = user.getChildFile("live.vmccmap");
     ASSERT_TRUE(mapFile.replaceWithText(R"(<MidiControlMap name="Velmarin"><assign CC="21" param="LFO Rate L/M"/></MidiControlMap>)"));
 
@@ -132,10 +131,9 @@ TEST(MidiMapSettings, TheDefaultMapOfTheSettingsLoadsAtStartUp)
         ASSERT_TRUE(user.getChildFile("Velmarin.ini").replaceWithText(
             juce::String(R"(<UserSettings application="Velmarin"><MidiControlMap default=")") + flag + "\" file=\""
             + mapFile.getFullPathName() + R"("/></UserSettings>)"));
-        VelmarinProcessor p;
+        VelmarinProcessor p(FolderRule::fixed(user, {}));
         EXPECT_EQ(p.getPlugin().getMidiMap().getParameter(21) != nullptr, expectLoaded) << flag;
         EXPECT_EQ(p.getPlugin().getMidiMapFile(), mapFile) << "the file is remembered either way";
     }
-    FolderRule::setOverride({}, {});
     user.deleteRecursively();
 }

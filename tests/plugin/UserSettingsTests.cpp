@@ -9,19 +9,13 @@
 
 namespace
 {
-class UserSettings : public ::testing::Test
+class UserSettingsFile : public ::testing::Test
 {
 protected:
-    UserSettings()
-    {
-        user.createDirectory();
-        FolderRule::setOverride(user, data);
-    }
-    ~UserSettings() override
-    {
-        FolderRule::setOverride({}, {});
-        user.deleteRecursively();
-    }
+    UserSettingsFile() { user.createDirectory(); }
+    ~UserSettingsFile() override { user.deleteRecursively(); }
+
+    FolderRule folders() const { return FolderRule::fixed(user, data); }
 
     juce::File settingsFile() const { return user.getChildFile("Velmarin.ini"); }
     static juce::String text(VelmarinProcessor& p, int index) { return p.getPlugin().getParameterManager().getText(index); }
@@ -31,10 +25,10 @@ protected:
 };
 } // namespace
 
-TEST_F(UserSettings, FirstStartMakesTheFoldersAndTeardownWritesTheFile)
+TEST_F(UserSettingsFile, FirstStartMakesTheFoldersAndTeardownWritesTheFile)
 {
     {
-        VelmarinProcessor p;
+        VelmarinProcessor p(folders());
         auto& plugin = p.getPlugin();
         EXPECT_EQ(plugin.getDirectory("UserData"), user);
         EXPECT_EQ(plugin.getDirectory("AppData"), data);
@@ -66,16 +60,16 @@ TEST_F(UserSettings, FirstStartMakesTheFoldersAndTeardownWritesTheFile)
     EXPECT_EQ(quality->getChildByName("Parameters")->getNumChildElements(), 2);
 }
 
-TEST_F(UserSettings, DefaultQualitiesAndMapChoicesReachTheNextInstance)
+TEST_F(UserSettingsFile, DefaultQualitiesAndMapChoicesReachTheNextInstance)
 {
     {
-        VelmarinProcessor first;
+        VelmarinProcessor first(folders());
         first.getPlugin().getParameterManager().setText(100002, "High");
         first.getPlugin().getParameterManager().setText(100004, "Ultra");
         first.getPlugin().setMidiMapDefault(true, user.getChildFile("mine.vmccmap"));
     }
     {
-        VelmarinProcessor second;
+        VelmarinProcessor second(folders());
         EXPECT_EQ(text(second, 100001), "High");
         EXPECT_EQ(text(second, 100003), "Ultra");
         EXPECT_EQ(text(second, 29), "High") << "a new instance starts in the user's real-time quality";
@@ -88,7 +82,7 @@ TEST_F(UserSettings, DefaultQualitiesAndMapChoicesReachTheNextInstance)
         <midicontrolmap default="YES" file="/maps/later.vmccmap"/>
         <HostParametersMap default="true" file="/maps/host.xml"/>
       </usersettings>)"));
-    VelmarinProcessor third;
+    VelmarinProcessor third(folders());
     EXPECT_TRUE(third.getPlugin().isMidiMapDefault()) << "tags and names ignore case; the later element wins";
     EXPECT_EQ(third.getPlugin().getMidiMapFile().getFullPathName(), "/maps/later.vmccmap");
     EXPECT_FALSE(third.getPlugin().isHostParameterMapDefault()) << "only \"yes\" means yes";
@@ -96,7 +90,7 @@ TEST_F(UserSettings, DefaultQualitiesAndMapChoicesReachTheNextInstance)
     EXPECT_EQ(text(third, 100002), "Normal") << "no DefaultProcessingQuality: the defaults stay";
 }
 
-TEST_F(UserSettings, ForeignOrBrokenFilesAreIgnoredAndReplaced)
+TEST_F(UserSettingsFile, ForeignOrBrokenFilesAreIgnoredAndReplaced)
 {
     for (auto content : { R"(<UserSettings application="Other"><MidiControlMap default="yes" file="/x.vmccmap"/>
                                <DefaultProcessingQuality><Preset><Parameters><param name="Default Real-time Processing Quality" value="Draft"/></Parameters></Preset></DefaultProcessingQuality></UserSettings>)",
@@ -104,7 +98,7 @@ TEST_F(UserSettings, ForeignOrBrokenFilesAreIgnoredAndReplaced)
     {
         ASSERT_TRUE(settingsFile().replaceWithText(content));
         {
-            VelmarinProcessor p;
+            VelmarinProcessor p(folders());
             EXPECT_FALSE(p.getPlugin().isMidiMapDefault());
             EXPECT_EQ(text(p, 100001), "Normal");
         }
@@ -116,20 +110,30 @@ TEST_F(UserSettings, ForeignOrBrokenFilesAreIgnoredAndReplaced)
 
 TEST(FolderRuleTest, DevelopmentBuildsUseFoldersBesideThePluginWhenTheyExist)
 {
-    FolderRule::setOverride({}, {});
     const auto dir = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("rule", {}, false);
     const auto pluginFile = dir.getChildFile("Probe.so");
     dir.getChildFile("Probe_user").createDirectory();
 
-    // "Probe" has no environment variables of its own, so the rule itself answers.
-    EXPECT_EQ(FolderRule::userDirectory("Probe", pluginFile, "dev"), dir.getChildFile("Probe_user"));
-    EXPECT_TRUE(FolderRule::userDirectory("Probe", pluginFile, "MASTER").getFullPathName().endsWith("/Q41 Group/Probe"));
-    EXPECT_TRUE(FolderRule::dataDirectory("Probe", pluginFile, "dev").getFullPathName().endsWith("/Q41 Group/Probe"))
+    const FolderRule rule;
+    EXPECT_EQ(rule.userDirectory("Probe", pluginFile, "dev"), dir.getChildFile("Probe_user"));
+    EXPECT_TRUE(rule.userDirectory("Probe", pluginFile, "MASTER").getFullPathName().endsWith("/Q41 Group/Probe"));
+    EXPECT_TRUE(rule.dataDirectory("Probe", pluginFile, "dev").getFullPathName().endsWith("/Q41 Group/Probe"))
         << "no Probe_data folder exists";
 
+    // Folders a maker names win over the rule; one it leaves empty follows the rule.
     const auto chosen = dir.getChildFile("chosen");
-    FolderRule::setOverride(chosen, {});
-    EXPECT_EQ(FolderRule::userDirectory("Probe", pluginFile, "dev"), chosen);
-    FolderRule::setOverride({}, {});
+    const auto given = FolderRule::fixed(chosen, {});
+    EXPECT_EQ(given.userDirectory("Probe", pluginFile, "dev"), chosen);
+    EXPECT_EQ(given.dataDirectory("Probe", pluginFile, "dev"), rule.dataDirectory("Probe", pluginFile, "dev"));
     dir.deleteRecursively();
+}
+
+// The scripts that run the real binaries (pluginval, the LV2 description step) give them private
+// folders through HOME alone: the product's rule must find the user folder there.
+TEST(FolderRuleTest, TheProductsRuleFindsTheUserFolderUnderHome)
+{
+    const juce::File home(juce::String::fromUTF8(std::getenv("HOME")));
+    VelmarinProcessor p;
+    EXPECT_EQ(p.getPlugin().getDirectory("UserData"), home.getChildFile(".config/Q41 Group/Velmarin"));
+    EXPECT_TRUE(p.getPlugin().getUserSettingsFile().isAChildOf(home));
 }

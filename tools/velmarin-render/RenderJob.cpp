@@ -145,8 +145,8 @@ juce::int64 framesPresent(juce::AudioFormatReader& reader, juce::int64 fileSize)
 }
 
 /** The folders of the plug-in this job starts: the ones given, and a private temporary user folder
-    when none was given, so that a run never rewrites a user's real settings. The folder rule goes
-    back to normal, and the temporary folder away, when the job ends. */
+    when none was given, so that a run never rewrites a user's real settings. The temporary folder
+    goes when the job ends. */
 class JobFolders
 {
 public:
@@ -160,18 +160,22 @@ public:
             temporaryUser.createDirectory();
             user = temporaryUser;
         }
-        FolderRule::setOverride(user, dataDir);
+        rule = FolderRule::fixed(user, dataDir);
     }
 
     ~JobFolders()
     {
-        FolderRule::setOverride({}, {});
         if (temporaryUser != juce::File())
             temporaryUser.deleteRecursively();
     }
 
+    /** The job's folders: the given user folder or a temporary one, and the given data folder or
+        the product's. */
+    const FolderRule& getRule() const noexcept { return rule; }
+
 private:
     juce::File temporaryUser;
+    FolderRule rule;
 };
 
 /** What a --set text of this parameter may be, for the error line. */
@@ -310,7 +314,7 @@ int RenderJob::run()
 
     // 1. Start the plug-in exactly as a host would, in the chosen folders.
     const JobFolders folders(options.userDir, options.dataDir);
-    VelmarinProcessor processor;
+    VelmarinProcessor processor(folders.getRule());
     auto& plugin = processor.getPlugin();
     auto& manager = plugin.getParameterManager();
 
