@@ -25,16 +25,16 @@ size_t indexOfPeak(const std::vector<float>& x)
 /** Wet only, in the plain mixer: output = wet path. */
 void wetOnly(CoreRig& rig)
 {
-    rig.setBool(25, false);
-    rig.setFloat(26, 1.0f);
+    rig.setBool(Param::autoMixMode, false);
+    rig.setFloat(Param::fxAmount, 1.0f);
 }
 } // namespace
 
 TEST(CoreRun, ClockFrequencyAtRestMatchesTheVoltageLaw)
 {
     CoreRig rig;
-    rig.setFloat(3, 0.0f);
-    rig.setFloat(11, 0.0f);
+    rig.setFloat(Param::delayOffsetLeft, 0.0f);
+    rig.setFloat(Param::lfoDepthLeft, 0.0f);
     rig.runStereo(testSignal(64));
     rig.prepare(44100.0); // a repeated prepare settles every smoother on its target
     rig.runStereo(testSignal(64));
@@ -46,9 +46,9 @@ TEST(CoreRun, WetPathStartsSilentAndDryPathIsOneSampleLate)
 {
     CoreRig rig;
     wetOnly(rig);
-    rig.setFloat(21, 0.0f);  // slowest range, so the line takes many samples to fill
-    rig.setChoice(20, 5);    // 512 stages
-    rig.setFloat(3, 1.0f);
+    rig.setFloat(Param::bbdFrequencyRange, 0.0f);  // slowest range, so the line takes many samples to fill
+    rig.setChoice(Param::bbdLength, 5);    // 512 stages
+    rig.setFloat(Param::delayOffsetLeft, 1.0f);
     rig.runStereo(silence(16)); // the mixer's controls glide from 0 in the first run after construction
     rig.prepare(44100.0);
     const auto wet = rig.runStereo(testSignal(4000));
@@ -57,8 +57,8 @@ TEST(CoreRun, WetPathStartsSilentAndDryPathIsOneSampleLate)
     EXPECT_GT(peakOf(wet.left, 3000), 0.05f) << "the wet signal arrives once the line has filled";
 
     CoreRig dryRig;
-    dryRig.setBool(25, false);
-    dryRig.setFloat(26, 0.0f);
+    dryRig.setBool(Param::autoMixMode, false);
+    dryRig.setFloat(Param::fxAmount, 0.0f);
     dryRig.prepare(44100.0);
     dryRig.runStereo(silence(16));
     dryRig.prepare(44100.0); // output volume settled at unity
@@ -76,12 +76,12 @@ TEST(CoreRun, BypassIsAOneSampleDelayThatFreezesTheEngine)
 {
     CoreRig rig;
     rig.runStereo(testSignal(500));
-    const double phase = rig.core.getLfo(0).phase;
+    const double phase = rig.core.getLfo(0).getPhase();
     const auto input = testSignal(300);
     const auto out = rig.runStereo(input, 128, true);
     for (size_t i = 1; i < 300; ++i)
         ASSERT_EQ(out.left[i], input.left[i - 1]) << i;
-    EXPECT_EQ(rig.core.getLfo(0).phase, phase);
+    EXPECT_EQ(rig.core.getLfo(0).getPhase(), phase);
     EXPECT_EQ(rig.core.currentBbdFrequency.load(), 0.0f);
 }
 
@@ -89,24 +89,24 @@ TEST(CoreRun, RepeatedPrepareKeepsLfoPhasesAndARateChangeRestartsThem)
 {
     CoreRig rig;
     rig.runStereo(testSignal(1000));
-    const double phase = rig.core.getLfo(0).phase;
+    const double phase = rig.core.getLfo(0).getPhase();
     ASSERT_GT(phase, 0.0);
     rig.prepare(44100.0);
-    EXPECT_EQ(rig.core.getLfo(0).phase, phase);
+    EXPECT_EQ(rig.core.getLfo(0).getPhase(), phase);
     rig.prepare(48000.0);
-    EXPECT_EQ(rig.core.getLfo(0).phase, 0.0);
+    EXPECT_EQ(rig.core.getLfo(0).getPhase(), 0.0);
 }
 
 TEST(CoreRun, RateChangeRederivesEverythingThatDependsOnTheRate)
 {
     // A core moved from 44100 to 96000 Hz must sound exactly like one that only ever ran at 96000.
     CoreRig moved(44100.0);
-    moved.setFloat(11, 0.0f);
+    moved.setFloat(Param::lfoDepthLeft, 0.0f);
     moved.runStereo(silence(256));
     moved.prepare(96000.0);
 
     CoreRig native(96000.0);
-    native.setFloat(11, 0.0f);
+    native.setFloat(Param::lfoDepthLeft, 0.0f);
     native.runStereo(silence(256));
     native.prepare(96000.0);
 
@@ -128,9 +128,9 @@ TEST(CoreRun, QualitySwitchKeepsTheWetSignalInPlace)
     {
         CoreRig rig;
         wetOnly(rig);
-        rig.setFloat(11, 0.0f);
-        rig.setChoice(22, 0);
-        rig.setChoice(29, quality);
+        rig.setFloat(Param::lfoDepthLeft, 0.0f);
+        rig.setChoice(Param::lowCut, 0);
+        rig.setChoice(Param::processingQuality, quality);
         rig.runStereo(silence(64));
         rig.prepare(44100.0);
         auto impulse = silence(400);
@@ -150,15 +150,15 @@ TEST(CoreRun, AutoMixIgnoresTheMixerControlsAndVolumeZeroSilences)
     const auto reference = plain.runStereo(input);
 
     CoreRig moved;
-    moved.setFloat(26, 0.1f);
-    moved.setFloat(23, 0.2f);
-    moved.setFloat(24, 0.7f);
+    moved.setFloat(Param::fxAmount, 0.1f);
+    moved.setFloat(Param::gainLeft, 0.2f);
+    moved.setFloat(Param::gainRight, 0.7f);
     const auto out = moved.runStereo(input);
     EXPECT_EQ(out.left, reference.left);
     EXPECT_EQ(out.right, reference.right);
 
     CoreRig muted;
-    muted.setFloat(27, 0.0f);
+    muted.setFloat(Param::outputVolume, 0.0f);
     muted.runStereo(input);
     muted.prepare(44100.0);
     const auto silent = muted.runStereo(input);
@@ -173,12 +173,12 @@ TEST(CoreRun, FeedbackLinkHoldsBackTheRightSideUntilReleased)
     const auto base = reference.runStereo(input);
 
     CoreRig linked;
-    linked.setFloat(15, 0.95f); // "Feedback R/S" while the link is on
+    linked.setFloat(Param::feedbackRight, 0.95f); // "Feedback R/S" while the link is on
     EXPECT_EQ(linked.runStereo(input).right, base.right);
 
     CoreRig released;
-    released.setFloat(15, 0.95f);
-    released.setBool(16, false);
+    released.setFloat(Param::feedbackRight, 0.95f);
+    released.setBool(Param::feedbackLink, false);
     EXPECT_NE(released.runStereo(input).right, base.right);
 }
 
@@ -188,16 +188,16 @@ TEST(CoreRun, SilenceGateHoldsThenFadesOverAHundredMilliseconds)
     rig.runStereo(testSignal(2000));
     // hold decays by 0.9996 per sample: below -96 dB after 27720 samples, then 4410 samples of fade.
     rig.runStereo(silence(27600));
-    EXPECT_TRUE(rig.core.getGate().active[0]);
-    EXPECT_FALSE(rig.core.getGate().fading[0]);
+    EXPECT_TRUE(rig.core.getGate().isActive(0));
+    EXPECT_FALSE(rig.core.getGate().isFading(0));
     rig.runStereo(silence(200));
-    EXPECT_TRUE(rig.core.getGate().fading[0]);
+    EXPECT_TRUE(rig.core.getGate().isFading(0));
     const auto fading = rig.runStereo(silence(4300));
-    EXPECT_TRUE(rig.core.getGate().active[0]);
+    EXPECT_TRUE(rig.core.getGate().isActive(0));
     EXPECT_GT(peakOf(fading.left), 0.0f) << "the wet tail fades rather than stopping";
     rig.runStereo(silence(200));
-    EXPECT_FALSE(rig.core.getGate().active[0]);
-    EXPECT_FALSE(rig.core.getGate().active[1]);
+    EXPECT_FALSE(rig.core.getGate().isActive(0));
+    EXPECT_FALSE(rig.core.getGate().isActive(1));
 
     const auto shut = rig.runStereo(silence(512));
     EXPECT_EQ(peakOf(shut.left), 0.0f);
@@ -206,7 +206,7 @@ TEST(CoreRun, SilenceGateHoldsThenFadesOverAHundredMilliseconds)
     auto wake = silence(64);
     wake.right[10] = 0.1f;
     rig.runStereo(wake);
-    EXPECT_TRUE(rig.core.getGate().active[1]) << "any input above the threshold reopens the channel";
+    EXPECT_TRUE(rig.core.getGate().isActive(1)) << "any input above the threshold reopens the channel";
     EXPECT_GT(rig.core.currentBbdFrequency.load(), 0.0f);
 }
 
@@ -217,14 +217,14 @@ TEST(CoreRun, MonoRunIgnoresStereoControlsAndNeverShuts)
     const auto base = reference.runMono(input);
 
     CoreRig stereoControls;
-    stereoControls.setBool(1, true);
-    stereoControls.setFloat(2, 0.7f);
+    stereoControls.setBool(Param::msMode, true);
+    stereoControls.setFloat(Param::channelsCrossfade, 0.7f);
     EXPECT_EQ(stereoControls.runMono(input), base);
     EXPECT_EQ(stereoControls.core.peakLeft.load(), stereoControls.core.peakRight.load());
 
     // The second channel's gate is never cleared by a mono run, so the path keeps working.
     stereoControls.runMono(std::vector<float>(40000, 0.0f));
-    EXPECT_TRUE(stereoControls.core.getGate().active[1]);
+    EXPECT_TRUE(stereoControls.core.getGate().isActive(1));
     EXPECT_GT(stereoControls.core.currentBbdFrequency.load(), 0.0f);
 }
 
@@ -242,7 +242,7 @@ TEST(CoreRun, ResultDoesNotDependOnHowTheBlockIsCut)
 
     CoreRig whole, pieces, single;
     for (auto* rig : { &whole, &pieces, &single })
-        rig->setFloat(2, 0.5f);
+        rig->setFloat(Param::channelsCrossfade, 0.5f);
     const auto a = whole.runStereo(input, static_cast<int>(input.left.size()));
     const auto b = pieces.runStereo(input, 37);
     EXPECT_EQ(a.left, b.left);
@@ -264,14 +264,14 @@ TEST(CoreRun, FastTickLoopMatchesThePlainOneWithinFloatRounding)
             plain.core.setTickLoop(VelmarinCore::TickLoop::plain);
             for (auto* rig : { &fast, &plain })
             {
-                rig->setChoice(29, quality);
-                rig->setChoice(22, 0);         // Low Cut "Off": its make-up shelf would lift the rounding 20 times
+                rig->setChoice(Param::processingQuality, quality);
+                rig->setChoice(Param::lowCut, 0);         // Low Cut "Off": its make-up shelf would lift the rounding 20 times
                 if (worstCase)
                 {
-                    rig->setChoice(20, 5);     // BBD Length 512
-                    rig->setFloat(21, 1.0f);   // BBD Frequency Range at the top
-                    rig->setFloat(11, 0.0f);   // no LFO depth
-                    rig->setFloat(3, 0.0f);    // no delay offset
+                    rig->setChoice(Param::bbdLength, 5);     // BBD Length 512
+                    rig->setFloat(Param::bbdFrequencyRange, 1.0f);   // BBD Frequency Range at the top
+                    rig->setFloat(Param::lfoDepthLeft, 0.0f);   // no LFO depth
+                    rig->setFloat(Param::delayOffsetLeft, 0.0f);    // no delay offset
                 }
                 rig->core.reset(true);
             }
@@ -296,8 +296,8 @@ TEST(CoreRun, FastTickLoopMatchesThePlainOneWithinFloatRounding)
 
     // The tick count is the clock: 256 stages at rest run at about 1.35 MHz.
     CoreRig rig;
-    rig.setFloat(11, 0.0f);
-    rig.setFloat(3, 0.0f);
+    rig.setFloat(Param::lfoDepthLeft, 0.0f);
+    rig.setFloat(Param::delayOffsetLeft, 0.0f);
     rig.runStereo(testSignal(64));
     rig.prepare(44100.0); // settles every smoother on its target
     const auto before = rig.core.getTicksRun();
