@@ -395,27 +395,54 @@ double VelmarinCore::clockFrequency(double voltage) const noexcept
 }
 
 template <bool stereo>
-void VelmarinCore::conditionInput(float& left, float& right) noexcept
+void VelmarinCore::armGate(const Pair& in) noexcept
 {
-    left = conditioners[0].process(left);
+    gate.arm(0, in[0]);
     if constexpr (stereo)
-        right = conditioners[1].process(right);
-    // Two passes through one state: the second stands for the second sample of the filter's
-    // double rate.
-    inputLowPass.process(left, right);
-    inputLowPass.process(left, right);
-    if constexpr (! stereo)
-        right = 0.0f;
+        gate.arm(1, in[1]);
 }
 
 template <bool stereo>
-void VelmarinCore::drive(float left, float right, float& lineLeft, float& lineRight) const noexcept
+VelmarinCore::TickSteps VelmarinCore::clock(double sampleRate, float& frequency) const noexcept
 {
+    // The distance between two ticks, in host samples, per channel; the left clock is the read-out.
+    const double frequencyLeft = clockFrequency(controlVoltage(0));
+    frequency = static_cast<float>(frequencyLeft);
+    return { sampleRate / frequencyLeft, stereo ? sampleRate / clockFrequency(controlVoltage(1)) : 0.0 };
+}
+
+template <bool stereo>
+void VelmarinCore::conditionInput(Pair& x) noexcept
+{
+    x[0] = conditioners[0].process(x[0]);
+    if constexpr (stereo)
+        x[1] = conditioners[1].process(x[1]);
+    // Two passes through one state: the second stands for the second sample of the filter's
+    // double rate.
+    inputLowPass.process(x[0], x[1]);
+    inputLowPass.process(x[0], x[1]);
+    if constexpr (! stereo)
+        x[1] = 0.0f;
+}
+
+template <bool stereo>
+void VelmarinCore::writeDry(const Pair& x) noexcept
+{
+    const int length = lines[0].getRingLength();
+    dryRing[0].write(inputRingIndex, length, x[0]);
+    if constexpr (stereo)
+        dryRing[1].write(inputRingIndex, length, x[1]);
+}
+
+template <bool stereo>
+VelmarinCore::Pair VelmarinCore::drive(const Pair& x) const noexcept
+{
+    // Preamp, M/S, crossfade, feedback, and the clipper around the bias.
     const float g = controls.preampGain();
-    float a = left * g;
+    float a = x[0] * g;
     if constexpr (stereo)
     {
-        float b = right * g;
+        float b = x[1] * g;
         if (q.msMode)
         {
             const float mid = (a + b) * 0.5f;
@@ -424,14 +451,95 @@ void VelmarinCore::drive(float left, float right, float& lineLeft, float& lineRi
             b = side;
         }
         const float c = controls.crossfade();
-        lineLeft = a + (b - a) * c + feedbackSample[0] * controls.feedback(0) + lineBias;
-        lineRight = clipLineInput(b + (a - b) * c + feedbackSample[1] * controls.feedback(1) + lineBias) - lineBias;
+        const float left = a + (b - a) * c + feedbackSample[0] * controls.feedback(0) + lineBias;
+        const float right = b + (a - b) * c + feedbackSample[1] * controls.feedback(1) + lineBias;
+        return { clipLineInput(left) - lineBias, clipLineInput(right) - lineBias };
     }
     else
     {
-        lineLeft = a + feedbackSample[0] * controls.feedback(0) + lineBias;
+        return { clipLineInput(a + feedbackSample[0] * controls.feedback(0) + lineBias) - lineBias, 0.0f };
     }
-    lineLeft = clipLineInput(lineLeft) - lineBias;
+}
+
+template <bool stereo, TickLoop loop>
+VelmarinCore::Pair VelmarinCore::runLines(const Pair& lineInput, const TickSteps& tickStep) noexcept
+{
+    Pair wet { 0.0f, 0.0f };
+    for (size_t c = 0; c < (stereo ? 2 : 1); ++c)
+    {
+        lines[c].push(inputRingIndex, lineInput[c]);
+        lines[c].template tick<loop>(tickStep[c], inputRingIndex, outputRingIndex);
+        wet[c] = lines[c].read(outputRingIndex);
+    }
+    return wet;
+}
+
+template <bool stereo>
+VelmarinCore::Pair VelmarinCore::cutLow(Pair wet) noexcept
+{
+    // The mono run carries the right lane's last input over.
+    if (q.lowCutMode != 0)
+    {
+        if constexpr (! stereo)
+            wet[1] = lowCut.lastInput(1);
+        lowCut.process(wet[0], wet[1]);
+    }
+    return wet;
+}
+
+template <bool stereo>
+VelmarinCore::Pair VelmarinCore::tapWet(const Pair& cut) noexcept
+{
+    // The low cut's output is the feedback at once; the mix hears it two samples later, after the
+    // make-up shelf (auto mix) or the wet gains (plain mixer).
+    Pair w { 0.0f, 0.0f };
+    for (size_t c = 0; c < (stereo ? 2 : 1); ++c)
+    {
+        lines[c].storeWet(outputRingIndex, cut[c]);
+        feedbackSample[c] = cut[c];
+        w[c] = lines[c].wetTap(outputRingIndex);
+        if (q.autoMixMode)
+        {
+            if (q.lowCutMode == 2)
+                w[c] = makeUp[c].process(w[c]);
+        }
+        else
+        {
+            w[c] *= controls.gain(static_cast<int>(c));
+        }
+    }
+    return w;
+}
+
+template <bool stereo>
+VelmarinCore::Pair VelmarinCore::mixOutput(Pair w) const noexcept
+{
+    if constexpr (stereo)
+    {
+        if (q.msMode)
+            w = { w[0] + w[1], w[0] - w[1] };
+    }
+
+    // The dry signal is the previous sample.
+    const int dryIndex = inputRingIndex + lines[0].getRingLength() - 1;
+    Pair out { 0.0f, 0.0f };
+    for (size_t c = 0; c < (stereo ? 2 : 1); ++c)
+        out[c] = mix(static_cast<int>(c), w[c], dryRing[c].read(dryIndex)) * controls.outputGain();
+    return out;
+}
+
+template <bool stereo>
+void VelmarinCore::fadeAndMeter(Pair out, float* outLeft, float* outRight, int n) noexcept
+{
+    out[0] = gate.fade(0, out[0]);
+    outLeft[n] = out[0];
+    meters[0].take(out[0], meterTable);
+    if constexpr (stereo)
+    {
+        out[1] = gate.fade(1, out[1]);
+        outRight[n] = out[1];
+        meters[1].take(out[1], meterTable);
+    }
 }
 
 float VelmarinCore::mix(int channel, float wet, float dry) const noexcept
@@ -494,7 +602,6 @@ int VelmarinCore::runShut(const float* inLeft, const float* inRight, float* outL
 template <bool stereo, TickLoop loop, bool shortcut>
 void VelmarinCore::run(const float* inLeft, const float* inRight, float* outLeft, float* outRight, int numSamples)
 {
-    constexpr int channels = stereo ? 2 : 1;
     const double sampleRate = rateContext().sampleRate;
     float frequency = 0.0f;
 
@@ -511,93 +618,24 @@ void VelmarinCore::run(const float* inLeft, const float* inRight, float* outLeft
         }
 
         // Both inputs are read before any output is written: the outputs may be the inputs.
-        float in[2] = { inLeft[n], stereo ? inRight[n] : 0.0f };
-        float out[2] = { 0.0f, 0.0f };
+        Pair in { inLeft[n], stereo ? inRight[n] : 0.0f };
+        Pair out { 0.0f, 0.0f };
 
-        for (int c = 0; c < channels; ++c)
-            gate.arm(c, in[c]);
+        armGate<stereo>(in);
         controls.step();
         stepLfos<stereo>();
 
         if (! gate.isShut())
         {
-            // Clock: the distance between two ticks, in host samples, per channel.
-            const double frequencyLeft = clockFrequency(controlVoltage(0));
-            frequency = static_cast<float>(frequencyLeft);
-            const double tickStep[2] = { sampleRate / frequencyLeft,
-                                         stereo ? sampleRate / clockFrequency(controlVoltage(1)) : 0.0 };
-
+            const TickSteps tickStep = clock<stereo>(sampleRate, frequency);
             if (q.autoMixMode)
-                conditionInput<stereo>(in[0], in[1]);
-
-            const int ri = inputRingIndex;
-            const int o = outputRingIndex;
-            for (int c = 0; c < channels; ++c)
-                dryRing[static_cast<size_t>(c)].write(ri, lines[0].getRingLength(), in[c]);
-
-            // Drive: preamp, M/S, crossfade, feedback, clipper.
-            float lineInput[2] = { 0.0f, 0.0f };
-            drive<stereo>(in[0], in[1], lineInput[0], lineInput[1]);
-
-            float wet[2] = { 0.0f, 0.0f };
-            for (int c = 0; c < channels; ++c)
-            {
-                auto& line = lines[static_cast<size_t>(c)];
-                line.push(ri, lineInput[c]);
-                line.template tick<loop>(tickStep[c], ri, o);
-                wet[c] = line.read(o);
-            }
-
-            // Low cut; the mono run carries the right lane's last input over.
-            if (q.lowCutMode != 0)
-            {
-                if constexpr (! stereo)
-                    wet[1] = lowCut.lastInput(1);
-                lowCut.process(wet[0], wet[1]);
-            }
-
-            // Feedback tap, then the wet tap two samples later.
-            for (int c = 0; c < channels; ++c)
-            {
-                auto& line = lines[static_cast<size_t>(c)];
-                line.storeWet(o, wet[c]);
-                feedbackSample[static_cast<size_t>(c)] = wet[c];
-                wet[c] = line.wetTap(o);
-                if (q.autoMixMode)
-                {
-                    if (q.lowCutMode == 2)
-                        wet[c] = makeUp[static_cast<size_t>(c)].process(wet[c]);
-                }
-                else
-                {
-                    wet[c] *= controls.gain(c);
-                }
-            }
-
-            if constexpr (stereo)
-            {
-                if (q.msMode)
-                {
-                    const float l = wet[0] + wet[1];
-                    const float r = wet[0] - wet[1];
-                    wet[0] = l;
-                    wet[1] = r;
-                }
-            }
-
-            // The dry signal is the previous sample.
-            const int dryIndex = ri + lines[0].getRingLength() - 1;
-            for (int c = 0; c < channels; ++c)
-                out[c] = mix(c, wet[c], dryRing[static_cast<size_t>(c)].read(dryIndex)) * controls.outputGain();
+                conditionInput<stereo>(in);
+            writeDry<stereo>(in);
+            const Pair wet = runLines<stereo, loop>(drive<stereo>(in), tickStep);
+            out = mixOutput<stereo>(tapWet<stereo>(cutLow<stereo>(wet)));
         }
 
-        for (int c = 0; c < channels; ++c)
-        {
-            out[c] = gate.fade(c, out[c]);
-            (c == 0 ? outLeft : outRight)[n] = out[c];
-            meters[static_cast<size_t>(c)].take(out[c], meterTable);
-        }
-
+        fadeAndMeter<stereo>(out, outLeft, outRight, n);
         advanceRings();
     }
 

@@ -116,10 +116,29 @@ private:
     double clockFrequency(double voltage) const noexcept;
     template <bool stereo>
     void stepLfos() noexcept;
+    // The steps of one running sample, in their order; channel 0 only in mono.
+    using Pair = std::array<float, 2>;
+    using TickSteps = std::array<double, 2>;
     template <bool stereo>
-    void conditionInput(float& left, float& right) noexcept;
+    void armGate(const Pair& in) noexcept;
     template <bool stereo>
-    void drive(float left, float right, float& lineLeft, float& lineRight) const noexcept;
+    TickSteps clock(double sampleRate, float& frequency) const noexcept;
+    template <bool stereo>
+    void conditionInput(Pair& x) noexcept;
+    template <bool stereo>
+    void writeDry(const Pair& x) noexcept;
+    template <bool stereo>
+    Pair drive(const Pair& x) const noexcept;
+    template <bool stereo, TickLoop loop>
+    Pair runLines(const Pair& lineInput, const TickSteps& tickStep) noexcept;
+    template <bool stereo>
+    Pair cutLow(Pair wet) noexcept;
+    template <bool stereo>
+    Pair tapWet(const Pair& cut) noexcept;
+    template <bool stereo>
+    Pair mixOutput(Pair w) const noexcept;
+    template <bool stereo>
+    void fadeAndMeter(Pair out, float* outLeft, float* outRight, int n) noexcept;
     float mix(int channel, float wet, float dry) const noexcept;
     void advanceRings() noexcept;
     void endRun(float frequency, bool mono) noexcept;
