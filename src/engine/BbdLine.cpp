@@ -170,12 +170,3 @@ void BbdLine::runPlain(double tickStep, int ringBase, int o) noexcept
 
     tickPhase = phase;
 }
-
-float BbdLine::read(int o) noexcept
-{
-    tickPhase -= 1.0;
-    const auto level = static_cast<float>(lastOutput);
-    levelRing[static_cast<size_t>(o + 64)] = level;
-    levelRing[static_cast<size_t>(o)] = level;
-    return stepRing[static_cast<size_t>(o + 64)] + levelRing[static_cast<size_t>(o + 56)];
-}

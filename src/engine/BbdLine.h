@@ -77,7 +77,14 @@ public:
     template <TickLoop loop>
     void tick(double tickStep, int ringIndex, int outputIndex) noexcept;
     /** The raw wet sample: the steps still in progress plus the level reached eight samples ago. */
-    float read(int outputIndex) noexcept;
+    float read(int outputIndex) noexcept
+    {
+        tickPhase -= 1.0;
+        const auto level = static_cast<float>(lastOutput);
+        levelRing[static_cast<size_t>(outputIndex + 64)] = level;
+        levelRing[static_cast<size_t>(outputIndex)] = level;
+        return stepRing[static_cast<size_t>(outputIndex + 64)] + levelRing[static_cast<size_t>(outputIndex + 56)];
+    }
     /** Keeps the wet sample after the low cut in the step ring. */
     void storeWet(int outputIndex, float wet) noexcept
     {

@@ -367,7 +367,7 @@ void VelmarinCore::beginRun(bool bypassed)
 }
 
 template <bool stereo>
-void VelmarinCore::stepLfos() noexcept
+inline void VelmarinCore::stepLfos() noexcept
 {
     float lfoOut = 0.0f;
     lfoLeft.next(lfoOut);
@@ -381,21 +381,21 @@ void VelmarinCore::stepLfos() noexcept
     }
 }
 
-double VelmarinCore::controlVoltage(int channel) const noexcept
+inline double VelmarinCore::controlVoltage(int channel) const noexcept
 {
     const double lfo = channel == 0 ? lfoSmoothedLeft : lfoSmoothedRight;
     return (controls.offset(channel) + controls.depth(channel) * lfo) * VelmarinLaw::voltageSpan
            + VelmarinLaw::lowestVoltage;
 }
 
-double VelmarinCore::clockFrequency(double voltage) const noexcept
+inline double VelmarinCore::clockFrequency(double voltage) const noexcept
 {
     return voltageToFrequency(voltage, q.voltageCurve) * static_cast<double>(controls.frequencyRange())
            * lines[0].getStageScale();
 }
 
 template <bool stereo>
-void VelmarinCore::armGate(const Pair& in) noexcept
+inline void VelmarinCore::armGate(const Pair& in) noexcept
 {
     gate.arm(0, in[0]);
     if constexpr (stereo)
@@ -403,7 +403,7 @@ void VelmarinCore::armGate(const Pair& in) noexcept
 }
 
 template <bool stereo>
-VelmarinCore::TickSteps VelmarinCore::clock(double sampleRate, float& frequency) const noexcept
+inline VelmarinCore::TickSteps VelmarinCore::clock(double sampleRate, float& frequency) const noexcept
 {
     // The distance between two ticks, in host samples, per channel; the left clock is the read-out.
     const double frequencyLeft = clockFrequency(controlVoltage(0));
@@ -412,7 +412,7 @@ VelmarinCore::TickSteps VelmarinCore::clock(double sampleRate, float& frequency)
 }
 
 template <bool stereo>
-void VelmarinCore::conditionInput(Pair& x) noexcept
+inline void VelmarinCore::conditionInput(Pair& x) noexcept
 {
     x[0] = conditioners[0].process(x[0]);
     if constexpr (stereo)
@@ -426,7 +426,7 @@ void VelmarinCore::conditionInput(Pair& x) noexcept
 }
 
 template <bool stereo>
-void VelmarinCore::writeDry(const Pair& x) noexcept
+inline void VelmarinCore::writeDry(const Pair& x) noexcept
 {
     const int length = lines[0].getRingLength();
     dryRing[0].write(inputRingIndex, length, x[0]);
@@ -435,7 +435,7 @@ void VelmarinCore::writeDry(const Pair& x) noexcept
 }
 
 template <bool stereo>
-VelmarinCore::Pair VelmarinCore::drive(const Pair& x) const noexcept
+inline VelmarinCore::Pair VelmarinCore::drive(const Pair& x) const noexcept
 {
     // Preamp, M/S, crossfade, feedback, and the clipper around the bias.
     const float g = controls.preampGain();
@@ -462,7 +462,7 @@ VelmarinCore::Pair VelmarinCore::drive(const Pair& x) const noexcept
 }
 
 template <bool stereo, TickLoop loop>
-VelmarinCore::Pair VelmarinCore::runLines(const Pair& lineInput, const TickSteps& tickStep) noexcept
+inline VelmarinCore::Pair VelmarinCore::runLines(const Pair& lineInput, const TickSteps& tickStep) noexcept
 {
     Pair wet { 0.0f, 0.0f };
     for (size_t c = 0; c < (stereo ? 2 : 1); ++c)
@@ -475,7 +475,7 @@ VelmarinCore::Pair VelmarinCore::runLines(const Pair& lineInput, const TickSteps
 }
 
 template <bool stereo>
-VelmarinCore::Pair VelmarinCore::cutLow(Pair wet) noexcept
+inline VelmarinCore::Pair VelmarinCore::cutLow(Pair wet) noexcept
 {
     // The mono run carries the right lane's last input over.
     if (q.lowCutMode != 0)
@@ -488,7 +488,7 @@ VelmarinCore::Pair VelmarinCore::cutLow(Pair wet) noexcept
 }
 
 template <bool stereo>
-VelmarinCore::Pair VelmarinCore::tapWet(const Pair& cut) noexcept
+inline VelmarinCore::Pair VelmarinCore::tapWet(const Pair& cut) noexcept
 {
     // The low cut's output is the feedback at once; the mix hears it two samples later, after the
     // make-up shelf (auto mix) or the wet gains (plain mixer).
@@ -512,7 +512,7 @@ VelmarinCore::Pair VelmarinCore::tapWet(const Pair& cut) noexcept
 }
 
 template <bool stereo>
-VelmarinCore::Pair VelmarinCore::mixOutput(Pair w) const noexcept
+inline VelmarinCore::Pair VelmarinCore::mixOutput(Pair w) const noexcept
 {
     if constexpr (stereo)
     {
@@ -529,7 +529,7 @@ VelmarinCore::Pair VelmarinCore::mixOutput(Pair w) const noexcept
 }
 
 template <bool stereo>
-void VelmarinCore::fadeAndMeter(Pair out, float* outLeft, float* outRight, int n) noexcept
+inline void VelmarinCore::fadeAndMeter(Pair out, float* outLeft, float* outRight, int n) noexcept
 {
     out[0] = gate.fade(0, out[0]);
     outLeft[n] = out[0];
@@ -542,7 +542,7 @@ void VelmarinCore::fadeAndMeter(Pair out, float* outLeft, float* outRight, int n
     }
 }
 
-float VelmarinCore::mix(int channel, float wet, float dry) const noexcept
+inline float VelmarinCore::mix(int channel, float wet, float dry) const noexcept
 {
     if (! q.autoMixMode)
         return (wet - dry) * controls.fxAmount() + dry;
@@ -557,7 +557,7 @@ float VelmarinCore::mix(int channel, float wet, float dry) const noexcept
     return (dry * fade + wet * VelmarinLaw::unityCompensation) * autoMixScale;
 }
 
-void VelmarinCore::advanceRings() noexcept
+inline void VelmarinCore::advanceRings() noexcept
 {
     inputRingIndex = (inputRingIndex + 1) & (lines[0].getRingLength() - 1);
     outputRingIndex = (outputRingIndex + 1) & 63;
