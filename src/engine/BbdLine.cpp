@@ -54,35 +54,6 @@ void BbdLine::setQuality(const float* newTable, int taps, int offset) noexcept
     tapOffset = offset;
 }
 
-template <TickLoop loop>
-void BbdLine::tick(double tickStep, int ringIndex, int o) noexcept
-{
-    const auto ou = static_cast<size_t>(o);
-    stepRing[ou + 72] = 0.0f;
-    stepRing[ou + 8] = 0.0f;
-    const int ringBase = ringIndex + ringLength;
-
-    if constexpr (loop == TickLoop::plain)
-    {
-        runPlain(tickStep, ringBase, o);
-    }
-    else
-    {
-        // Short rows leave little to overlap: two ticks side by side are enough. Long rows take
-        // eight, so that eight chains of adds hide each other's latency.
-        switch (tapCount)
-        {
-            case 4: runFast<4, 2>(tickStep, ringBase, o); break;
-            case 8: runFast<8, 2>(tickStep, ringBase, o); break;
-            case 16: runFast<16, 8>(tickStep, ringBase, o); break;
-            default: runFast<32, 8>(tickStep, ringBase, o); break;
-        }
-    }
-}
-
-template void BbdLine::tick<TickLoop::fast>(double, int, int) noexcept;
-template void BbdLine::tick<TickLoop::plain>(double, int, int) noexcept;
-
 template <int taps, int group>
 void BbdLine::runFast(double tickStep, int ringBase, int o) noexcept
 {
@@ -170,3 +141,8 @@ void BbdLine::runPlain(double tickStep, int ringBase, int o) noexcept
 
     tickPhase = phase;
 }
+
+template void BbdLine::runFast<4, 2>(double, int, int) noexcept;
+template void BbdLine::runFast<8, 2>(double, int, int) noexcept;
+template void BbdLine::runFast<16, 8>(double, int, int) noexcept;
+template void BbdLine::runFast<32, 8>(double, int, int) noexcept;

@@ -126,3 +126,30 @@ private:
     std::array<float, outputRingSize> levelRing {};
     std::uint64_t ticksRun = 0;
 };
+
+// Inline: the run calls it once per sample and channel; the loops themselves are out of line.
+template <TickLoop loop>
+inline void BbdLine::tick(double tickStep, int ringIndex, int o) noexcept
+{
+    const auto ou = static_cast<size_t>(o);
+    stepRing[ou + 72] = 0.0f;
+    stepRing[ou + 8] = 0.0f;
+    const int ringBase = ringIndex + ringLength;
+
+    if constexpr (loop == TickLoop::plain)
+    {
+        runPlain(tickStep, ringBase, o);
+    }
+    else
+    {
+        // Short rows leave little to overlap: two ticks side by side are enough. Long rows take
+        // eight, so that eight chains of adds hide each other's latency.
+        switch (tapCount)
+        {
+            case 4: runFast<4, 2>(tickStep, ringBase, o); break;
+            case 8: runFast<8, 2>(tickStep, ringBase, o); break;
+            case 16: runFast<16, 8>(tickStep, ringBase, o); break;
+            default: runFast<32, 8>(tickStep, ringBase, o); break;
+        }
+    }
+}

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <type_traits>
 
 namespace
 {
@@ -34,6 +35,16 @@ inline float clipLineInput(float v) noexcept
         return (1.0f - 2.0f * t) * 0.2f - 0.8f;
     }
     return v;
+}
+
+/** Calls f with channel 0, and in stereo with channel 1, each a compile-time constant, so that the
+    sample loop's per-channel steps are written once and still unrolled. */
+template <bool stereo, typename F>
+inline void forEachChannel(F&& f)
+{
+    f(std::integral_constant<size_t, 0> {});
+    if constexpr (stereo)
+        f(std::integral_constant<size_t, 1> {});
 }
 
 struct QualityLevel
@@ -465,12 +476,11 @@ template <bool stereo, TickLoop loop>
 inline VelmarinCore::Pair VelmarinCore::runLines(const Pair& lineInput, const TickSteps& tickStep) noexcept
 {
     Pair wet { 0.0f, 0.0f };
-    for (size_t c = 0; c < (stereo ? 2 : 1); ++c)
-    {
+    forEachChannel<stereo>([&](auto c) {
         lines[c].push(inputRingIndex, lineInput[c]);
         lines[c].template tick<loop>(tickStep[c], inputRingIndex, outputRingIndex);
         wet[c] = lines[c].read(outputRingIndex);
-    }
+    });
     return wet;
 }
 
@@ -493,8 +503,7 @@ inline VelmarinCore::Pair VelmarinCore::tapWet(const Pair& cut) noexcept
     // The low cut's output is the feedback at once; the mix hears it two samples later, after the
     // make-up shelf (auto mix) or the wet gains (plain mixer).
     Pair w { 0.0f, 0.0f };
-    for (size_t c = 0; c < (stereo ? 2 : 1); ++c)
-    {
+    forEachChannel<stereo>([&](auto c) {
         lines[c].storeWet(outputRingIndex, cut[c]);
         feedbackSample[c] = cut[c];
         w[c] = lines[c].wetTap(outputRingIndex);
@@ -507,7 +516,7 @@ inline VelmarinCore::Pair VelmarinCore::tapWet(const Pair& cut) noexcept
         {
             w[c] *= controls.gain(static_cast<int>(c));
         }
-    }
+    });
     return w;
 }
 
@@ -523,8 +532,9 @@ inline VelmarinCore::Pair VelmarinCore::mixOutput(Pair w) const noexcept
     // The dry signal is the previous sample.
     const int dryIndex = inputRingIndex + lines[0].getRingLength() - 1;
     Pair out { 0.0f, 0.0f };
-    for (size_t c = 0; c < (stereo ? 2 : 1); ++c)
+    forEachChannel<stereo>([&](auto c) {
         out[c] = mix(static_cast<int>(c), w[c], dryRing[c].read(dryIndex)) * controls.outputGain();
+    });
     return out;
 }
 
