@@ -10,7 +10,10 @@
     seven waves, with a free rate in Hz or a rate locked to the host's tempo through its Clock.
     The engine selects the triangle (wave 0); the other waves, inversion, one-shot and the curve's
     power are general facilities of the oscillator.
-    Thread: all calls under the effect's core lock; `next` on the audio thread. */
+    Thread: all calls under the effect's core lock; `next` on the audio thread. `updateRate` and, while
+    synced, `setPosition` read the clock's rate under its read-write lock: the plug-in sets the
+    position on every block while the transport plays, so a synced oscillator takes that lock once
+    per block. */
 class LfoOscillator
 {
 public:

@@ -118,6 +118,7 @@ void VelmarinCore::applySampleRate(const SampleRateContext& ctx)
         meter.setSpeedScale(ctx.speedScale);
     controls.setSpeedScale(ctx.speedScaleF);
 
+    // The LFO's one-pole smoother at 0.72 Hz: exp(-2 pi 0.72 / sr), rounded to float.
     lfoSmoothCoefficient = static_cast<double>(static_cast<float>(std::exp(-4.523893421169302 / sr)));
 
     for (auto& conditioner : conditioners)
