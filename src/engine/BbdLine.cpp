@@ -54,21 +54,20 @@ void BbdLine::setQuality(const float* newTable, int taps, int offset) noexcept
     tapOffset = offset;
 }
 
-template <int taps, int group>
-void BbdLine::runFast(double tickStep, int ringBase, int o) noexcept
+template <int taps, int group> void BbdLine::runFast(double tickStep, int ringBase, int o) noexcept
 {
     float* steps = stepRing.data();
-    TickRunner<taps> runner { table,
-                              inputRing.data() + tapOffset - readDelayWhole - 17 + ringBase,
-                              readDelayFraction,
-                              stepTable,
-                              stages.data(),
-                              stageCount,
-                              index,
-                              lastOutput,
-                              lastDelta,
-                              _mm_loadu_ps(steps + o + 64),
-                              _mm_loadu_ps(steps + o + 68) };
+    TickRunner<taps> runner{table,
+                            inputRing.data() + tapOffset - readDelayWhole - 17 + ringBase,
+                            readDelayFraction,
+                            stepTable,
+                            stages.data(),
+                            stageCount,
+                            index,
+                            lastOutput,
+                            lastDelta,
+                            _mm_loadu_ps(steps + o + 64),
+                            _mm_loadu_ps(steps + o + 68)};
 
     // The phases of the next ticks come from the same running sum the ticks advance by, so a
     // group's ticks sit exactly where ticks run one by one would.
@@ -113,7 +112,7 @@ void BbdLine::runPlain(double tickStep, int ringBase, int o) noexcept
         const float* row = table + static_cast<int>((t - whole) * 1024.0) * tapCount;
         const float* taps = ring + firstTap + whole;
         // Four running sums, one per lane of the fast loop, added as (s0 + s1) + (s2 + s3).
-        float s[4] = { 0.0f, 0.0f, 0.0f, 0.0f };
+        float s[4] = {0.0f, 0.0f, 0.0f, 0.0f};
         for (int k = 0; k < tapCount; k += 4)
             for (int lane = 0; lane < 4; ++lane)
                 s[lane] += row[k + lane] * taps[k + lane];

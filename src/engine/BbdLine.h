@@ -23,7 +23,7 @@ struct TripleRing
     const float* data() const noexcept { return samples.data(); }
 
 private:
-    std::array<float, 3 * maxLength> samples {};
+    std::array<float, 3 * maxLength> samples{};
 };
 
 /** Which tick loop a line runs. `fast` works four taps at a time and two or eight ticks side by
@@ -74,8 +74,7 @@ public:
 
     void push(int ringIndex, float input) noexcept { inputRing.write(ringIndex, ringLength, input); }
     /** Runs the ticks of one host sample, `tickStep` host samples apart. */
-    template <TickLoop loop>
-    void tick(double tickStep, int ringIndex, int outputIndex) noexcept;
+    template <TickLoop loop> void tick(double tickStep, int ringIndex, int outputIndex) noexcept;
     /** The raw wet sample: the steps still in progress plus the level reached eight samples ago. */
     float read(int outputIndex) noexcept
     {
@@ -102,10 +101,9 @@ public:
 
 private:
     static constexpr int lineSize = 3072;
-    static constexpr int outputRingSize = 200;  // 64 samples in two copies and 8 more
+    static constexpr int outputRingSize = 200; // 64 samples in two copies and 8 more
 
-    template <int taps, int group>
-    void runFast(double tickStep, int ringBase, int o) noexcept;
+    template <int taps, int group> void runFast(double tickStep, int ringBase, int o) noexcept;
     void runPlain(double tickStep, int ringBase, int o) noexcept;
 
     const StepTable& stepTable;
@@ -118,18 +116,17 @@ private:
     double stageScale = 0.5;
 
     TripleRing inputRing;
-    std::array<double, lineSize> stages {};
+    std::array<double, lineSize> stages{};
     int index = 0;
     double tickPhase = 0.0;
     double lastOutput = 0.0, lastDelta = 0.0;
-    std::array<float, outputRingSize> stepRing {};
-    std::array<float, outputRingSize> levelRing {};
+    std::array<float, outputRingSize> stepRing{};
+    std::array<float, outputRingSize> levelRing{};
     std::uint64_t ticksRun = 0;
 };
 
 // Inline: the run calls it once per sample and channel; the loops themselves are out of line.
-template <TickLoop loop>
-inline void BbdLine::tick(double tickStep, int ringIndex, int o) noexcept
+template <TickLoop loop> inline void BbdLine::tick(double tickStep, int ringIndex, int o) noexcept
 {
     const auto ou = static_cast<size_t>(o);
     stepRing[ou + 72] = 0.0f;
@@ -146,10 +143,18 @@ inline void BbdLine::tick(double tickStep, int ringIndex, int o) noexcept
         // eight, so that eight chains of adds hide each other's latency.
         switch (tapCount)
         {
-            case 4: runFast<4, 2>(tickStep, ringBase, o); break;
-            case 8: runFast<8, 2>(tickStep, ringBase, o); break;
-            case 16: runFast<16, 8>(tickStep, ringBase, o); break;
-            default: runFast<32, 8>(tickStep, ringBase, o); break;
+        case 4:
+            runFast<4, 2>(tickStep, ringBase, o);
+            break;
+        case 8:
+            runFast<8, 2>(tickStep, ringBase, o);
+            break;
+        case 16:
+            runFast<16, 8>(tickStep, ringBase, o);
+            break;
+        default:
+            runFast<32, 8>(tickStep, ringBase, o);
+            break;
         }
     }
 }

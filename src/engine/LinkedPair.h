@@ -4,8 +4,7 @@
     setter drives both sides and the right setter only stores its value; switching the link off
     brings the stored right value back, switching it on gives the right side the left value.
     Thread: under the effect's core lock. */
-template <typename T>
-class LinkedPair
+template <typename T> class LinkedPair
 {
 public:
     /** Sets the left value, and the right one while linked. */
@@ -38,6 +37,6 @@ public:
     bool isLinked() const noexcept { return linked; }
 
 private:
-    T leftValue {}, rightValue {}, storedRight {};
+    T leftValue{}, rightValue{}, storedRight{};
     bool linked = true;
 };

@@ -28,16 +28,16 @@ public:
     /** The glide per sample for a rate's speed scale (1 at 44100 Hz). */
     void setSpeedScale(float speedScale) noexcept
     {
-        for (auto* bank : { &bank1, &bank2, &bank3, &bank4 })
+        for (auto* bank : {&bank1, &bank2, &bank3, &bank4})
             bank->setCoefficient(SmootherBank::baseCoefficient * speedScale);
     }
 
     void setTargets(const Targets& t) noexcept
     {
-        bank1.setTargets({ t.preampGain, t.crossfade, t.offsetLeft, t.offsetRight });
-        bank2.setTargets({ t.depthLeft, t.depthRight, t.gainLeft, t.gainRight });
-        bank3.setTargets({ t.frequencyRange, t.feedbackLeft, t.feedbackRight, t.fxAmount });
-        bank4.setTargets({ t.compensationLeft, t.compensationRight, t.outputGain, 0.0f });
+        bank1.setTargets({t.preampGain, t.crossfade, t.offsetLeft, t.offsetRight});
+        bank2.setTargets({t.depthLeft, t.depthRight, t.gainLeft, t.gainRight});
+        bank3.setTargets({t.frequencyRange, t.feedbackLeft, t.feedbackRight, t.fxAmount});
+        bank4.setTargets({t.compensationLeft, t.compensationRight, t.outputGain, 0.0f});
     }
 
     void step() noexcept
@@ -49,12 +49,15 @@ public:
     }
 
     /** True when a step would change nothing. */
-    bool isAtRest() const noexcept { return bank1.isAtRest() && bank2.isAtRest() && bank3.isAtRest() && bank4.isAtRest(); }
+    bool isAtRest() const noexcept
+    {
+        return bank1.isAtRest() && bank2.isAtRest() && bank3.isAtRest() && bank4.isAtRest();
+    }
 
     /** Jumps every control to its target. */
     void settle() noexcept
     {
-        for (auto* bank : { &bank1, &bank2, &bank3, &bank4 })
+        for (auto* bank : {&bank1, &bank2, &bank3, &bank4})
             bank->settle();
     }
 
