@@ -16,12 +16,20 @@ struct SettledReadWriteLock : juce::ReadWriteLock
     }
 };
 
-/** The note value a clock runs at: a note code from the note table and a dot type (0 plain,
-    1 dotted, 2 triplet). `effectiveRate`, in cycles per quarter note, is guarded by `rateLock`:
-    the message thread may refresh it while the audio thread reads it once per block.
-    Thread: writers run under the effect's core lock; readers take the read side of `rateLock`. */
-struct ClockDivision
+/** The note value a clock runs at: a note code from the note table and a dot type. The effective
+    rate, in cycles per quarter note, is guarded by a read-write lock: the message thread may refresh
+    it while the audio thread reads it once per block.
+    Thread: writers run under the effect's core lock; readers take the read side of the lock. */
+class ClockDivision
 {
+public:
+    enum DotType
+    {
+        plain = 0,
+        dotted = 1,
+        triplet = 2
+    };
+
     /** Cycles per quarter note for a note code: code 0 is 1/256, each code doubles it up to
         code 12 (16 cycles per quarter note); any other code gives 0. */
     static double noteRateForCode(int code) noexcept;
@@ -33,13 +41,17 @@ struct ClockDivision
     /** Stores the type and its multiplier; does nothing when the type is unchanged. Answers whether
         it changed anything. */
     bool setDotType(int type) noexcept;
-    /** Recomputes `effectiveRate` under the write side of `rateLock`. */
+    /** Recomputes the effective rate under the write side of the lock. */
     void refresh() noexcept;
-    /** `effectiveRate`, read under `rateLock`. */
+    /** The effective rate, read under the lock. */
     double readEffectiveRate() const noexcept;
 
+    int getNoteCode() const noexcept { return noteCode; }
+    int getDotType() const noexcept { return dotType; }
+
+private:
     int noteCode = 10;
-    int dotType = 0;
+    int dotType = plain;
     double noteRate = 4.0;
     double multiplier = 1.0;
     mutable SettledReadWriteLock rateLock;

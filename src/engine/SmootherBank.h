@@ -1,19 +1,25 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 
-/** Four one-pole parameter smoothers stepped together, once per sample: each `current` glides
-    towards its `target` by `coefficient` of the distance, a time constant of about 500 samples at
-    44100 Hz. `current` and `target` start at 0, so the first run after construction glides every
-    quantity up from 0. Thread: audio thread, under the effect's core lock. */
-struct SmootherBank
+/** Four one-pole parameter smoothers stepped together, once per sample: each entry glides towards
+    its target by `coefficient` of the distance, a time constant of about 500 samples at 44100 Hz.
+    Entries and targets start at 0, so the first run after construction glides every quantity up
+    from 0. Thread: audio thread, under the effect's core lock. */
+class SmootherBank
 {
+public:
     static constexpr float baseCoefficient = 0.002f;
+
+    /** The glide per sample: `baseCoefficient` times the rate's speed scale. */
+    void setCoefficient(float c) noexcept { coefficient = c; }
+    void setTargets(const std::array<float, 4>& targets) noexcept { target = targets; }
 
     void step() noexcept
     {
-        for (int i = 0; i < 4; ++i)
-            current[static_cast<size_t>(i)] -= (current[static_cast<size_t>(i)] - target[static_cast<size_t>(i)]) * coefficient;
+        for (size_t i = 0; i < 4; ++i)
+            current[i] -= (current[i] - target[i]) * coefficient;
     }
 
     /** True when a step would change no entry: the bank has come to rest, and stays there until a
@@ -29,6 +35,10 @@ struct SmootherBank
     /** Jumps every entry to its target. */
     void settle() noexcept { current = target; }
 
+    /** The smoothed value of entry i, 0..3. */
+    float value(size_t i) const noexcept { return current[i]; }
+
+private:
     std::array<float, 4> current {};
     std::array<float, 4> target {};
     float coefficient = baseCoefficient;

@@ -17,7 +17,7 @@
     Each tick keeps its own four sums and is pushed in order, so the output is exactly that of
     ticks run one by one.
 
-    Built by `VelmarinCore::runTicks` on the stack; the caller copies the line state back.
+    Built by `BbdLine::tick` on the stack; the line copies its state back.
     Thread: audio thread. */
 template <int taps>
 struct TickRunner

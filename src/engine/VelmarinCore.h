@@ -1,10 +1,14 @@
 #pragma once
 
+#include "BbdLine.h"
+#include "InputConditioner.h"
 #include "LfoOscillator.h"
+#include "LinkedPair.h"
 #include "MarrowgateEffectCore.h"
+#include "PeakMeter.h"
 #include "SilenceGate.h"
 #include "SincTable.h"
-#include "SmootherBank.h"
+#include "SmoothedControls.h"
 #include "StereoBiquad.h"
 
 #include <array>
@@ -14,6 +18,11 @@
 /** Velmarin's signal path: a bucket-brigade delay line that runs its own clock inside the host's
     samples, swept by two triangle LFOs, with preamp, M/S, crossfade, feedback through an
     asymmetric clipper, a low cut and two mix regimes around it (docs/ENGINE.md walks through it).
+
+    The core is a composition of small parts, one or two of each (channel 0 is left or mid,
+    channel 1 right or side): `SmoothedControls` (the continuous controls), two `LfoOscillator`s,
+    a `SilenceGate`, two `InputConditioner`s and the input low-pass, two `BbdLine`s, the low cut,
+    two `LowEndMakeUp` shelves and two `PeakMeter`s, plus the dry ring.
 
     `parameterChanged` turns each parameter into the engine quantities it drives; a run reads them
     once as the targets of its smoothers and then works sample by sample.
@@ -48,19 +57,14 @@ public:
         float preampDb = 0.0f;
         bool msMode = false;
         float crossfade = 0.0f;
-        float offsetStoredLeft = 0.0f, offsetStoredRight = 0.0f;
-        float offsetLeft = 0.0f, offsetRight = 0.0f;
-        bool offsetLinked = true;
+        LinkedPair<float> offset;
         int noteCodeRight = 8;
         float rateRight = 0.0f;
         bool rateLinked = true;
-        float depthStoredLeft = 0.0f, depthStoredRight = 0.0f;
-        float depthLeft = 0.0f, depthRight = 0.0f;
-        bool depthLinked = true;
-        float feedbackStoredLeft = 0.0f, feedbackStoredRight = 0.0f;
-        float feedbackLeft = 0.0f, feedbackRight = 0.0f;
+        LinkedPair<float> depth;
+        /** -0.95..0.95, with the compensation of the last amount that was not negative. */
+        LinkedPair<float> feedback;
         float feedbackCompensationLeft = 0.0f, feedbackCompensationRight = 0.0f;
-        bool feedbackLinked = true;
         int voltageCurve = 0;
         int bbdLengthIndex = 4;
         double frequencyRange = 4.0;
@@ -73,68 +77,80 @@ public:
 
     const Quantities& getQuantities() const noexcept { return q; }
     const LfoOscillator& getLfo(int channel) const noexcept { return channel == 0 ? lfoLeft : lfoRight; }
-    int getTapCount() const noexcept { return tapCount; }
-    int getStageCount() const noexcept { return stageCount; }
+    int getTapCount() const noexcept { return lines[0].getTaps(); }
+    int getStageCount() const noexcept { return lines[0].getStages(); }
     const SilenceGate& getGate() const noexcept { return gate; }
 
-    /** The tick loop in use. `fast` works four taps at a time and two or four ticks side by side; `plain`
-        is the straightforward scalar loop of the same arithmetic (one running sum), kept for the
-        benchmarks and the tests that hold the fast loop to it. Both give the same output within
-        float rounding; the product always runs `fast`. */
-    enum class TickLoop
-    {
-        fast,
-        plain
-    };
+    using TickLoop = ::TickLoop;
+    /** The tick loop of the next runs; the product always runs `fast`. The choice is made once per
+        run, not per sample. */
     void setTickLoop(TickLoop loop) noexcept { tickLoop = loop; }
+    /** For the tests: false makes a stereo run take the full sample also while both gate channels
+        are shut, instead of the shortcut that only keeps the modulation, the gate and the meters
+        moving. The output is the same either way. */
+    void setShutShortcut(bool on) noexcept { shutShortcut = on; }
     /** Ticks run since construction, both lines together: the unit of the engine's work. */
-    std::uint64_t getTicksRun() const noexcept { return ticksRun; }
+    std::uint64_t getTicksRun() const noexcept { return lines[0].getTicksRun() + lines[1].getTicksRun(); }
 
     /** Clock frequency of the left (or mid) line in the last run's last running sample; 0 when the
         run was bypassed or the gate was shut throughout. */
     std::atomic<float> currentBbdFrequency { 0.0f };
 
 private:
-    // The input and dry rings keep their samples in three copies, so that no read needs a wrap. Up
-    // to about 365 kHz a ring holds 128 samples; above, the interpolator's read reaches further
-    // back than that and the ring holds 256 (enough for 768 kHz, the highest rate there is).
-    static constexpr int shortRingLength = 128;
-    static constexpr int longRingLength = 256;
-    static constexpr int inputRingSize = 3 * longRingLength;
-    static constexpr int lineSize = 3072;
-    static constexpr int outputRingSize = 200;  // 64 samples in two copies and 8 more
-
     const SampleRateContext& rateContext() noexcept;
     void updateRightLfo();
     void setLfoSync(bool on);
     void applySyncMode(int mode);
     void applyPhaseShift(float v);
+    /** 16 << "BBD Length", 16..512. */
+    int stageCount() const noexcept;
     void applyBbdLength();
     void applyQuality(int index);
     void applySampleRate(const SampleRateContext& ctx);
+    void setFeedbackLeft(float x);
+    void setFeedbackRight(float x);
+    void setFeedbackLinked(bool on);
 
     void beginRun(bool bypassed);
-    void stepSmoothers() noexcept;
+    double controlVoltage(int channel) const noexcept;
     double clockFrequency(double voltage) const noexcept;
-    void condition(int channel, float& x) noexcept;
-    void runTicks(int channel, double tickStep, int ringBase, int o) noexcept;
-    template <int taps, int group>
-    void runTicksFast(int channel, double tickStep, int ringBase, int o) noexcept;
-    void runTicksPlain(int channel, double tickStep, int ringBase, int o) noexcept;
-    float rawWet(int channel, int o) noexcept;
+    template <bool stereo>
+    void stepLfos() noexcept;
+    // The steps of one running sample, in their order; channel 0 only in mono.
+    using Pair = std::array<float, 2>;
+    using TickSteps = std::array<double, 2>;
+    template <bool stereo>
+    void armGate(const Pair& in) noexcept;
+    template <bool stereo>
+    TickSteps clock(double sampleRate, float& frequency) const noexcept;
+    template <bool stereo>
+    void conditionInput(Pair& x) noexcept;
+    template <bool stereo>
+    void writeDry(const Pair& x) noexcept;
+    template <bool stereo>
+    Pair drive(const Pair& x) const noexcept;
+    template <bool stereo, TickLoop loop>
+    Pair runLines(const Pair& lineInput, const TickSteps& tickStep) noexcept;
+    template <bool stereo>
+    Pair cutLow(Pair wet) noexcept;
+    template <bool stereo>
+    Pair tapWet(const Pair& cut) noexcept;
+    template <bool stereo>
+    Pair mixOutput(Pair w) const noexcept;
+    template <bool stereo>
+    void fadeAndMeter(Pair out, float* outLeft, float* outRight, int n) noexcept;
     float mix(int channel, float wet, float dry) const noexcept;
-    void meter(int channel, float output) noexcept;
     void advanceRings() noexcept;
     void endRun(float frequency, bool mono) noexcept;
 
-    template <bool stereo>
-    void stepLfos() noexcept;
     /** Runs stereo samples from n on while both gate channels are shut; returns the first sample
         whose input opens the gate, or numSamples. */
     int runShut(const float* inLeft, const float* inRight, float* outLeft, float* outRight, int n,
                 int numSamples) noexcept;
-    template <bool stereo>
+    template <bool stereo, TickLoop loop, bool shortcut>
     void run(const float* inLeft, const float* inRight, float* outLeft, float* outRight, int numSamples);
+    template <bool stereo>
+    void runWith(const float* inLeft, const float* inRight, float* outLeft, float* outRight, int numSamples);
     template <bool stereo>
     void runBypassed(const float* inLeft, const float* inRight, float* outLeft, float* outRight, int numSamples);
 
@@ -148,44 +164,26 @@ private:
     double lfoSmoothCoefficient = 0.0;
 
     // Smoothing and gate.
-    SmootherBank bank1, bank2, bank3, bank4;
+    SmoothedControls controls;
     SilenceGate gate;
 
-    // The line and its rings (one row per channel: left or mid, right or side).
-    std::array<std::array<float, inputRingSize>, 2> inputRing {};
-    std::array<std::array<float, inputRingSize>, 2> dryRing {};
-    int inputRingIndex = 0;
-    int ringLength = shortRingLength;  // samples in each copy, set with the rate
-    std::array<std::array<double, lineSize>, 2> line {};
-    std::array<int, 2> lineIndex {};
-    int stageCount = 256;
-    double stageScale = 0.5;
-    std::array<double, 2> tickPhase {};
-    std::array<std::array<float, outputRingSize>, 2> stepRing {};
-    std::array<std::array<float, outputRingSize>, 2> levelRing {};
-    int outputRingIndex = 0;
-    std::array<double, 2> lastOutput {};
-    std::array<double, 2> lastDelta {};
+    // The lines, their tables and the dry ring, which shares the lines' input ring index.
     StepTable stepTable {};
     std::array<SincTable, 4> sincTables;
-    const float* currentTable = nullptr;
-    int tapCount = 4, tapOffset = 0;
-    int readDelayWhole = 1;
-    double readDelayFraction = 1.0;
+    std::array<BbdLine, 2> lines;
+    std::array<TripleRing, 2> dryRing {};
+    int inputRingIndex = 0;
+    int outputRingIndex = 0;
 
     // Filters and conditioning.
+    std::array<InputConditioner, 2> conditioners {};
     StereoBiquad inputLowPass;
     StereoBiquad lowCut;
-    std::array<float, 2> inputHighPassState {}, inputPrevious {};
-    std::array<float, 2> inputShelfState {}, outputShelfState {};
-    float inputHighPassCoefficient = 0.0f, inputHighPassGain = 0.0f;
-    float inputShelfCoefficient = 0.0f, outputShelfCoefficient = 0.0f;
+    std::array<LowEndMakeUp, 2> makeUp {};
     std::array<float, 2> feedbackSample {};
 
-    // Meters.
-    std::array<double, 2> peakState {}, peakLast {};
-    double peakDecay = 0.9999;
+    std::array<PeakMeter, 2> meters {};
 
     TickLoop tickLoop = TickLoop::fast;
-    std::uint64_t ticksRun = 0;
+    bool shutShortcut = true;
 };

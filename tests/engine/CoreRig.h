@@ -4,11 +4,14 @@
 // the plug-in's listener chain delivers them.
 #include "engine/SampleRateContext.h"
 #include "engine/VelmarinCore.h"
+#include "engine/VelmarinParameterIndex.h"
 #include "parameters/BoolParameter.h"
 #include "parameters/EnumParameter.h"
 #include "parameters/FloatParameter.h"
 
 #include <vector>
+
+namespace Param = VelmarinParameter;
 
 struct Stereo
 {
@@ -23,28 +26,28 @@ public:
         context.set(sampleRate);
         core.context = &context;
         // The product's defaults for everything the run reads.
-        setFloat(0, 0.0f);       // Preamp
-        setBool(1, false);       // M/S Mode
-        setFloat(2, 0.0f);       // Channels Crossfade
-        setFloat(3, 0.2f);       // Delay Offset L/M
-        setFloat(6, 0.216f);     // LFO Rate L/M
-        setFloat(7, 0.216f);     // LFO Rate R/S
-        setChoice(8, 7);         // LFO Note Rate L/M "1/4"
-        setChoice(9, 7);
-        setFloat(11, 0.332f);    // LFO Depth L/M
-        setFloat(14, 0.5f);      // Feedback L/M: 0
-        setChoice(17, 0);        // LFO Sync "Off"
-        setFloat(18, 0.0f);      // LFO Phase Shift
-        setChoice(19, 0);        // LFO Voltage Curve "Mistress"
-        setChoice(20, 4);        // BBD Length 256
-        setFloat(21, 0.6f);      // BBD Frequency Range
-        setChoice(22, 2);        // Low Cut "Mistress"
-        setFloat(23, 1.0f);
-        setFloat(24, 1.0f);
-        setBool(25, true);       // Mistress Auto Mix Mode
-        setFloat(26, 0.5f);      // FX Amount
-        setFloat(27, 0.5f);      // Output Volume: unity
-        setChoice(29, 1);        // Processing Quality "Normal"
+        setFloat(Param::preamp, 0.0f);
+        setBool(Param::msMode, false);
+        setFloat(Param::channelsCrossfade, 0.0f);
+        setFloat(Param::delayOffsetLeft, 0.2f);
+        setFloat(Param::lfoRateLeft, 0.216f);
+        setFloat(Param::lfoRateRight, 0.216f);
+        setChoice(Param::lfoNoteRateLeft, 7);    // "1/4"
+        setChoice(Param::lfoNoteRateRight, 7);
+        setFloat(Param::lfoDepthLeft, 0.332f);
+        setFloat(Param::feedbackLeft, 0.5f);     // no feedback
+        setChoice(Param::lfoSync, 0);            // "Off"
+        setFloat(Param::lfoPhaseShift, 0.0f);
+        setChoice(Param::lfoVoltageCurve, 0);    // "Mistress"
+        setChoice(Param::bbdLength, 4);          // 256 stages
+        setFloat(Param::bbdFrequencyRange, 0.6f);
+        setChoice(Param::lowCut, 2);             // "Mistress"
+        setFloat(Param::gainLeft, 1.0f);
+        setFloat(Param::gainRight, 1.0f);
+        setBool(Param::autoMixMode, true);
+        setFloat(Param::fxAmount, 0.5f);
+        setFloat(Param::outputVolume, 0.5f);     // unity
+        setChoice(Param::processingQuality, 1);  // "Normal"
         core.reset(true);
     }
 

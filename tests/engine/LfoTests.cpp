@@ -12,9 +12,8 @@ constexpr double twoPi = 6.283185307179586;
 
 void startOscillator(LfoOscillator& lfo, const SampleRateContext& context, double rate)
 {
-    lfo.context = &context;
-    lfo.freeRate = rate;
-    lfo.updateRate();
+    lfo.setContext(&context);
+    lfo.setFreeRate(rate);
 }
 } // namespace
 
@@ -40,20 +39,20 @@ TEST(LfoOscillator, TriangleRisesFromItsBottomAndWavesStayInRange)
     {
         LfoOscillator shaped;
         startOscillator(shaped, context, 97.0);
-        shaped.waveform = wave;
+        shaped.setWaveform(wave);
         for (int i = 0; i < 2000; ++i)
         {
             shaped.next(out);
             ASSERT_GE(out, -1.0f) << wave;
             ASSERT_LE(out, 1.0f) << wave;
-            ASSERT_GE(shaped.wavePhase, 0.0) << wave;
-            ASSERT_LE(shaped.wavePhase, twoPi) << wave;
+            ASSERT_GE(shaped.getWavePhase(), 0.0) << wave;
+            ASSERT_LE(shaped.getWavePhase(), twoPi) << wave;
         }
     }
 
     LfoOscillator unknown;
     startOscillator(unknown, context, 97.0);
-    unknown.waveform = 9;
+    unknown.setWaveform(9);
     out = 0.25f;
     unknown.next(out);
     EXPECT_EQ(out, 0.25f) << "an unknown wave leaves the output as it was";
@@ -65,7 +64,7 @@ TEST(LfoOscillator, RandomStepsChangeOncePerCycle)
     context.set(44100.0);
     LfoOscillator lfo;
     startOscillator(lfo, context, 441.0);
-    lfo.waveform = LfoOscillator::randomSteps;
+    lfo.setWaveform(LfoOscillator::randomSteps);
     float out = 0.0f;
     int changes = 0;
     float last = 0.0f;
@@ -82,71 +81,71 @@ TEST(LfoOscillator, RandomStepsChangeOncePerCycle)
 TEST(LfoModulation, TempoSyncLocksThePhaseToTheHostPosition)
 {
     CoreRig rig;
-    rig.setChoice(8, 7);   // "1/4": one cycle per quarter note
-    rig.setChoice(17, 3);  // "Full"
+    rig.setChoice(Param::lfoNoteRateLeft, 7);   // "1/4": one cycle per quarter note
+    rig.setChoice(Param::lfoSync, 3);  // "Full"
     rig.core.setTempo(120.0);
-    EXPECT_DOUBLE_EQ(rig.core.getLfo(0).rate, 2.0);
-    EXPECT_DOUBLE_EQ(rig.core.getLfo(1).rate, 2.0) << "the link carries the note to the right";
+    EXPECT_DOUBLE_EQ(rig.core.getLfo(0).getRate(), 2.0);
+    EXPECT_DOUBLE_EQ(rig.core.getLfo(1).getRate(), 2.0) << "the link carries the note to the right";
 
     rig.core.setPosition(10.25);
-    EXPECT_DOUBLE_EQ(rig.core.getLfo(0).phase, twoPi * 0.25);
+    EXPECT_DOUBLE_EQ(rig.core.getLfo(0).getPhase(), twoPi * 0.25);
     rig.core.setPosition(-0.25);
-    EXPECT_DOUBLE_EQ(rig.core.getLfo(0).phase, twoPi * 0.75) << "a negative position still gives 0..2 pi";
+    EXPECT_DOUBLE_EQ(rig.core.getLfo(0).getPhase(), twoPi * 0.75) << "a negative position still gives 0..2 pi";
 
-    rig.setChoice(17, 1);  // "Triplet": 1.5 times as fast
-    EXPECT_DOUBLE_EQ(rig.core.getLfo(0).rate, 3.0);
-    rig.setChoice(17, 2);  // "Dotted": two thirds
-    EXPECT_DOUBLE_EQ(rig.core.getLfo(0).rate, 2.0 * 0.6666666666666666);
-    rig.setChoice(17, 0);
-    EXPECT_EQ(rig.core.getLfo(0).rate, rig.core.getLfo(0).freeRate);
+    rig.setChoice(Param::lfoSync, 1);  // "Triplet": 1.5 times as fast
+    EXPECT_DOUBLE_EQ(rig.core.getLfo(0).getRate(), 3.0);
+    rig.setChoice(Param::lfoSync, 2);  // "Dotted": two thirds
+    EXPECT_DOUBLE_EQ(rig.core.getLfo(0).getRate(), 2.0 * 0.6666666666666666);
+    rig.setChoice(Param::lfoSync, 0);
+    EXPECT_EQ(rig.core.getLfo(0).getRate(), rig.core.getLfo(0).getFreeRate());
     rig.core.setPosition(3.5);
-    EXPECT_NE(rig.core.getLfo(0).phase, twoPi * 0.5) << "free oscillators are not re-locked";
+    EXPECT_NE(rig.core.getLfo(0).getPhase(), twoPi * 0.5) << "free oscillators are not re-locked";
 
-    rig.setChoice(17, 3);
+    rig.setChoice(Param::lfoSync, 3);
     rig.core.setTempo(0.0);
-    EXPECT_EQ(rig.core.getLfo(0).rate, 0.0) << "no tempo yet: the oscillator stands";
+    EXPECT_EQ(rig.core.getLfo(0).getRate(), 0.0) << "no tempo yet: the oscillator stands";
 }
 
 TEST(LfoModulation, RateLinkStoresTheRightRateAndAppliesItWhenReleased)
 {
     CoreRig rig;
     rig.runStereo(testSignal(300));
-    const double leftRate = rig.core.getLfo(0).freeRate;
+    const double leftRate = rig.core.getLfo(0).getFreeRate();
 
-    rig.setFloat(7, 0.9f);
-    rig.setChoice(9, 2);
-    EXPECT_EQ(rig.core.getLfo(1).freeRate, leftRate) << "stored, not applied, while linked";
-    EXPECT_EQ(rig.core.getLfo(1).clock.division.noteCode, rig.core.getLfo(0).clock.division.noteCode);
+    rig.setFloat(Param::lfoRateRight, 0.9f);
+    rig.setChoice(Param::lfoNoteRateRight, 2);
+    EXPECT_EQ(rig.core.getLfo(1).getFreeRate(), leftRate) << "stored, not applied, while linked";
+    EXPECT_EQ(rig.core.getLfo(1).getNoteCode(), rig.core.getLfo(0).getNoteCode());
 
     rig.runStereo(testSignal(100));
-    const double phaseBefore = rig.core.getLfo(1).phase;
-    rig.setBool(10, false);
-    EXPECT_EQ(rig.core.getLfo(1).freeRate, VelmarinCore::lfoRateForNormalized(0.9f));
-    EXPECT_EQ(rig.core.getLfo(1).clock.division.noteCode, 3);
-    EXPECT_EQ(rig.core.getLfo(1).phase, phaseBefore) << "the right phase runs on from where it stood";
+    const double phaseBefore = rig.core.getLfo(1).getPhase();
+    rig.setBool(Param::lfoRateLink, false);
+    EXPECT_EQ(rig.core.getLfo(1).getFreeRate(), VelmarinCore::lfoRateForNormalized(0.9f));
+    EXPECT_EQ(rig.core.getLfo(1).getNoteCode(), 3);
+    EXPECT_EQ(rig.core.getLfo(1).getPhase(), phaseBefore) << "the right phase runs on from where it stood";
 
     // Linking again snaps the right oscillator onto the left one.
     rig.runStereo(testSignal(100));
-    EXPECT_NE(rig.core.getLfo(1).phase, rig.core.getLfo(0).phase);
-    rig.setBool(10, true);
-    EXPECT_EQ(rig.core.getLfo(1).phase, rig.core.getLfo(0).phase);
-    EXPECT_EQ(rig.core.getLfo(1).freeRate, leftRate);
+    EXPECT_NE(rig.core.getLfo(1).getPhase(), rig.core.getLfo(0).getPhase());
+    rig.setBool(Param::lfoRateLink, true);
+    EXPECT_EQ(rig.core.getLfo(1).getPhase(), rig.core.getLfo(0).getPhase());
+    EXPECT_EQ(rig.core.getLfo(1).getFreeRate(), leftRate);
 }
 
 TEST(LfoModulation, PhaseShiftKeepsItsOffsetAndZeroRealignsTheChannels)
 {
     CoreRig rig;
-    rig.setFloat(18, 0.5f);
+    rig.setFloat(Param::lfoPhaseShift, 0.5f);
     rig.runStereo(testSignal(1000));
-    EXPECT_EQ(rig.core.getLfo(1).phaseOffset, static_cast<double>(0.5f) * 3.141592653589793);
-    EXPECT_EQ(rig.core.getLfo(0).phase, rig.core.getLfo(1).phase) << "linked rates share the phase; the offset stays on top";
+    EXPECT_EQ(rig.core.getLfo(1).getPhaseOffset(), static_cast<double>(0.5f) * 3.141592653589793);
+    EXPECT_EQ(rig.core.getLfo(0).getPhase(), rig.core.getLfo(1).getPhase()) << "linked rates share the phase; the offset stays on top";
 
     // Different rates drift apart; a shift of exactly 0 brings them back in step.
-    rig.setBool(10, false);
-    rig.setFloat(7, 0.9f);
+    rig.setBool(Param::lfoRateLink, false);
+    rig.setFloat(Param::lfoRateRight, 0.9f);
     rig.runStereo(testSignal(1000));
-    EXPECT_NE(rig.core.getLfo(0).phase, rig.core.getLfo(1).phase);
-    rig.setFloat(18, 0.0f);
-    EXPECT_EQ(rig.core.getLfo(0).phase, rig.core.getLfo(1).phase);
-    EXPECT_EQ(rig.core.getLfo(1).phaseOffset, 0.0);
+    EXPECT_NE(rig.core.getLfo(0).getPhase(), rig.core.getLfo(1).getPhase());
+    rig.setFloat(Param::lfoPhaseShift, 0.0f);
+    EXPECT_EQ(rig.core.getLfo(0).getPhase(), rig.core.getLfo(1).getPhase());
+    EXPECT_EQ(rig.core.getLfo(1).getPhaseOffset(), 0.0);
 }

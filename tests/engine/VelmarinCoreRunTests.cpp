@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace
 {
@@ -25,16 +26,16 @@ size_t indexOfPeak(const std::vector<float>& x)
 /** Wet only, in the plain mixer: output = wet path. */
 void wetOnly(CoreRig& rig)
 {
-    rig.setBool(25, false);
-    rig.setFloat(26, 1.0f);
+    rig.setBool(Param::autoMixMode, false);
+    rig.setFloat(Param::fxAmount, 1.0f);
 }
 } // namespace
 
 TEST(CoreRun, ClockFrequencyAtRestMatchesTheVoltageLaw)
 {
     CoreRig rig;
-    rig.setFloat(3, 0.0f);
-    rig.setFloat(11, 0.0f);
+    rig.setFloat(Param::delayOffsetLeft, 0.0f);
+    rig.setFloat(Param::lfoDepthLeft, 0.0f);
     rig.runStereo(testSignal(64));
     rig.prepare(44100.0); // a repeated prepare settles every smoother on its target
     rig.runStereo(testSignal(64));
@@ -46,9 +47,9 @@ TEST(CoreRun, WetPathStartsSilentAndDryPathIsOneSampleLate)
 {
     CoreRig rig;
     wetOnly(rig);
-    rig.setFloat(21, 0.0f);  // slowest range, so the line takes many samples to fill
-    rig.setChoice(20, 5);    // 512 stages
-    rig.setFloat(3, 1.0f);
+    rig.setFloat(Param::bbdFrequencyRange, 0.0f);  // slowest range, so the line takes many samples to fill
+    rig.setChoice(Param::bbdLength, 5);    // 512 stages
+    rig.setFloat(Param::delayOffsetLeft, 1.0f);
     rig.runStereo(silence(16)); // the mixer's controls glide from 0 in the first run after construction
     rig.prepare(44100.0);
     const auto wet = rig.runStereo(testSignal(4000));
@@ -57,8 +58,8 @@ TEST(CoreRun, WetPathStartsSilentAndDryPathIsOneSampleLate)
     EXPECT_GT(peakOf(wet.left, 3000), 0.05f) << "the wet signal arrives once the line has filled";
 
     CoreRig dryRig;
-    dryRig.setBool(25, false);
-    dryRig.setFloat(26, 0.0f);
+    dryRig.setBool(Param::autoMixMode, false);
+    dryRig.setFloat(Param::fxAmount, 0.0f);
     dryRig.prepare(44100.0);
     dryRig.runStereo(silence(16));
     dryRig.prepare(44100.0); // output volume settled at unity
@@ -76,12 +77,12 @@ TEST(CoreRun, BypassIsAOneSampleDelayThatFreezesTheEngine)
 {
     CoreRig rig;
     rig.runStereo(testSignal(500));
-    const double phase = rig.core.getLfo(0).phase;
+    const double phase = rig.core.getLfo(0).getPhase();
     const auto input = testSignal(300);
     const auto out = rig.runStereo(input, 128, true);
     for (size_t i = 1; i < 300; ++i)
         ASSERT_EQ(out.left[i], input.left[i - 1]) << i;
-    EXPECT_EQ(rig.core.getLfo(0).phase, phase);
+    EXPECT_EQ(rig.core.getLfo(0).getPhase(), phase);
     EXPECT_EQ(rig.core.currentBbdFrequency.load(), 0.0f);
 }
 
@@ -89,24 +90,24 @@ TEST(CoreRun, RepeatedPrepareKeepsLfoPhasesAndARateChangeRestartsThem)
 {
     CoreRig rig;
     rig.runStereo(testSignal(1000));
-    const double phase = rig.core.getLfo(0).phase;
+    const double phase = rig.core.getLfo(0).getPhase();
     ASSERT_GT(phase, 0.0);
     rig.prepare(44100.0);
-    EXPECT_EQ(rig.core.getLfo(0).phase, phase);
+    EXPECT_EQ(rig.core.getLfo(0).getPhase(), phase);
     rig.prepare(48000.0);
-    EXPECT_EQ(rig.core.getLfo(0).phase, 0.0);
+    EXPECT_EQ(rig.core.getLfo(0).getPhase(), 0.0);
 }
 
 TEST(CoreRun, RateChangeRederivesEverythingThatDependsOnTheRate)
 {
     // A core moved from 44100 to 96000 Hz must sound exactly like one that only ever ran at 96000.
     CoreRig moved(44100.0);
-    moved.setFloat(11, 0.0f);
+    moved.setFloat(Param::lfoDepthLeft, 0.0f);
     moved.runStereo(silence(256));
     moved.prepare(96000.0);
 
     CoreRig native(96000.0);
-    native.setFloat(11, 0.0f);
+    native.setFloat(Param::lfoDepthLeft, 0.0f);
     native.runStereo(silence(256));
     native.prepare(96000.0);
 
@@ -128,9 +129,9 @@ TEST(CoreRun, QualitySwitchKeepsTheWetSignalInPlace)
     {
         CoreRig rig;
         wetOnly(rig);
-        rig.setFloat(11, 0.0f);
-        rig.setChoice(22, 0);
-        rig.setChoice(29, quality);
+        rig.setFloat(Param::lfoDepthLeft, 0.0f);
+        rig.setChoice(Param::lowCut, 0);
+        rig.setChoice(Param::processingQuality, quality);
         rig.runStereo(silence(64));
         rig.prepare(44100.0);
         auto impulse = silence(400);
@@ -150,15 +151,15 @@ TEST(CoreRun, AutoMixIgnoresTheMixerControlsAndVolumeZeroSilences)
     const auto reference = plain.runStereo(input);
 
     CoreRig moved;
-    moved.setFloat(26, 0.1f);
-    moved.setFloat(23, 0.2f);
-    moved.setFloat(24, 0.7f);
+    moved.setFloat(Param::fxAmount, 0.1f);
+    moved.setFloat(Param::gainLeft, 0.2f);
+    moved.setFloat(Param::gainRight, 0.7f);
     const auto out = moved.runStereo(input);
     EXPECT_EQ(out.left, reference.left);
     EXPECT_EQ(out.right, reference.right);
 
     CoreRig muted;
-    muted.setFloat(27, 0.0f);
+    muted.setFloat(Param::outputVolume, 0.0f);
     muted.runStereo(input);
     muted.prepare(44100.0);
     const auto silent = muted.runStereo(input);
@@ -173,12 +174,12 @@ TEST(CoreRun, FeedbackLinkHoldsBackTheRightSideUntilReleased)
     const auto base = reference.runStereo(input);
 
     CoreRig linked;
-    linked.setFloat(15, 0.95f); // "Feedback R/S" while the link is on
+    linked.setFloat(Param::feedbackRight, 0.95f); // "Feedback R/S" while the link is on
     EXPECT_EQ(linked.runStereo(input).right, base.right);
 
     CoreRig released;
-    released.setFloat(15, 0.95f);
-    released.setBool(16, false);
+    released.setFloat(Param::feedbackRight, 0.95f);
+    released.setBool(Param::feedbackLink, false);
     EXPECT_NE(released.runStereo(input).right, base.right);
 }
 
@@ -188,16 +189,16 @@ TEST(CoreRun, SilenceGateHoldsThenFadesOverAHundredMilliseconds)
     rig.runStereo(testSignal(2000));
     // hold decays by 0.9996 per sample: below -96 dB after 27720 samples, then 4410 samples of fade.
     rig.runStereo(silence(27600));
-    EXPECT_TRUE(rig.core.getGate().active[0]);
-    EXPECT_FALSE(rig.core.getGate().fading[0]);
+    EXPECT_TRUE(rig.core.getGate().isActive(0));
+    EXPECT_FALSE(rig.core.getGate().isFading(0));
     rig.runStereo(silence(200));
-    EXPECT_TRUE(rig.core.getGate().fading[0]);
+    EXPECT_TRUE(rig.core.getGate().isFading(0));
     const auto fading = rig.runStereo(silence(4300));
-    EXPECT_TRUE(rig.core.getGate().active[0]);
+    EXPECT_TRUE(rig.core.getGate().isActive(0));
     EXPECT_GT(peakOf(fading.left), 0.0f) << "the wet tail fades rather than stopping";
     rig.runStereo(silence(200));
-    EXPECT_FALSE(rig.core.getGate().active[0]);
-    EXPECT_FALSE(rig.core.getGate().active[1]);
+    EXPECT_FALSE(rig.core.getGate().isActive(0));
+    EXPECT_FALSE(rig.core.getGate().isActive(1));
 
     const auto shut = rig.runStereo(silence(512));
     EXPECT_EQ(peakOf(shut.left), 0.0f);
@@ -206,7 +207,7 @@ TEST(CoreRun, SilenceGateHoldsThenFadesOverAHundredMilliseconds)
     auto wake = silence(64);
     wake.right[10] = 0.1f;
     rig.runStereo(wake);
-    EXPECT_TRUE(rig.core.getGate().active[1]) << "any input above the threshold reopens the channel";
+    EXPECT_TRUE(rig.core.getGate().isActive(1)) << "any input above the threshold reopens the channel";
     EXPECT_GT(rig.core.currentBbdFrequency.load(), 0.0f);
 }
 
@@ -217,14 +218,14 @@ TEST(CoreRun, MonoRunIgnoresStereoControlsAndNeverShuts)
     const auto base = reference.runMono(input);
 
     CoreRig stereoControls;
-    stereoControls.setBool(1, true);
-    stereoControls.setFloat(2, 0.7f);
+    stereoControls.setBool(Param::msMode, true);
+    stereoControls.setFloat(Param::channelsCrossfade, 0.7f);
     EXPECT_EQ(stereoControls.runMono(input), base);
     EXPECT_EQ(stereoControls.core.peakLeft.load(), stereoControls.core.peakRight.load());
 
     // The second channel's gate is never cleared by a mono run, so the path keeps working.
     stereoControls.runMono(std::vector<float>(40000, 0.0f));
-    EXPECT_TRUE(stereoControls.core.getGate().active[1]);
+    EXPECT_TRUE(stereoControls.core.getGate().isActive(1));
     EXPECT_GT(stereoControls.core.currentBbdFrequency.load(), 0.0f);
 }
 
@@ -242,7 +243,7 @@ TEST(CoreRun, ResultDoesNotDependOnHowTheBlockIsCut)
 
     CoreRig whole, pieces, single;
     for (auto* rig : { &whole, &pieces, &single })
-        rig->setFloat(2, 0.5f);
+        rig->setFloat(Param::channelsCrossfade, 0.5f);
     const auto a = whole.runStereo(input, static_cast<int>(input.left.size()));
     const auto b = pieces.runStereo(input, 37);
     EXPECT_EQ(a.left, b.left);
@@ -253,10 +254,10 @@ TEST(CoreRun, ResultDoesNotDependOnHowTheBlockIsCut)
     EXPECT_GT(peakOf(a.right, 41000), 0.0f) << "the right line hears the left through the crossfade";
 }
 
-TEST(CoreRun, FastTickLoopMatchesThePlainOneWithinFloatRounding)
+TEST(CoreRun, PlainTickLoopGivesTheFastLoopsOutputBitForBit)
 {
-    // Every quality, at the heaviest clock and at a swept default, stereo and mono. Feedback stays at
-    // its default (none): a loop near self-oscillation would amplify any rounding difference.
+    // Every quality, at the heaviest clock and at a swept default with strong feedback (which would
+    // amplify any difference in rounding), stereo and mono, in runs of odd length.
     for (int quality = 0; quality < 4; ++quality)
         for (const bool worstCase : { true, false })
         {
@@ -264,40 +265,85 @@ TEST(CoreRun, FastTickLoopMatchesThePlainOneWithinFloatRounding)
             plain.core.setTickLoop(VelmarinCore::TickLoop::plain);
             for (auto* rig : { &fast, &plain })
             {
-                rig->setChoice(29, quality);
-                rig->setChoice(22, 0);         // Low Cut "Off": its make-up shelf would lift the rounding 20 times
+                rig->setChoice(Param::processingQuality, quality);
                 if (worstCase)
                 {
-                    rig->setChoice(20, 5);     // BBD Length 512
-                    rig->setFloat(21, 1.0f);   // BBD Frequency Range at the top
-                    rig->setFloat(11, 0.0f);   // no LFO depth
-                    rig->setFloat(3, 0.0f);    // no delay offset
+                    rig->setChoice(Param::bbdLength, 5);           // 512 stages
+                    rig->setFloat(Param::bbdFrequencyRange, 1.0f);
+                    rig->setFloat(Param::lfoDepthLeft, 0.0f);
+                    rig->setFloat(Param::delayOffsetLeft, 0.0f);
+                }
+                else
+                {
+                    rig->setFloat(Param::feedbackLeft, 0.97f);
                 }
                 rig->core.reset(true);
             }
             const auto input = testSignal(22050);
-            const auto a = fast.runStereo(input);
-            const auto b = plain.runStereo(input);
-            float worst = 0.0f, peak = 0.0f;
-            for (size_t i = 0; i < a.left.size(); ++i)
-            {
-                worst = std::max({ worst, std::abs(a.left[i] - b.left[i]), std::abs(a.right[i] - b.right[i]) });
-                peak = std::max(peak, std::abs(b.left[i]));
-            }
-            EXPECT_GT(peak, 0.01f);
-            EXPECT_LT(worst, 1.0e-5f * peak) << "quality " << quality << (worstCase ? " worst case" : " default");
+            const auto a = fast.runStereo(input, 373);
+            const auto b = plain.runStereo(input, 373);
+            ASSERT_GT(peakOf(a.left), 0.01f);
+            EXPECT_EQ(a.left, b.left) << "quality " << quality << (worstCase ? " worst case" : " default");
+            EXPECT_EQ(a.right, b.right) << "quality " << quality << (worstCase ? " worst case" : " default");
             EXPECT_EQ(fast.core.getTicksRun(), plain.core.getTicksRun());
-
-            const auto monoFast = fast.runMono(input.left);
-            const auto monoPlain = plain.runMono(input.left);
-            for (size_t i = 0; i < monoFast.size(); ++i)
-                ASSERT_NEAR(monoFast[i], monoPlain[i], 1.0e-5f * peak) << i;
+            EXPECT_EQ(fast.runMono(input.left), plain.runMono(input.left)) << "quality " << quality;
         }
+}
 
+TEST(CoreRun, ShutGateShortcutGivesTheFullPathsOutputBitForBit)
+{
+    // Signal with feedback, a silence that shuts both channels, a click on the right alone (which
+    // reopens one channel while the other stays shut), more silence, then signal again. The LFOs,
+    // the smoothers (a parameter moves while shut), the gate and the meters must come out of the
+    // shortcut exactly where the full path leaves them.
+    Stereo input = testSignal(4000);
+    const auto gap = silence(40000);
+    for (int part = 0; part < 2; ++part)
+    {
+        input.left.insert(input.left.end(), gap.left.begin(), gap.left.end());
+        input.right.insert(input.right.end(), gap.right.begin(), gap.right.end());
+        if (part == 0)
+            input.right.back() = 0.2f;
+    }
+    const auto tail = testSignal(6000);
+    input.left.insert(input.left.end(), tail.left.begin(), tail.left.end());
+    input.right.insert(input.right.end(), tail.right.begin(), tail.right.end());
+
+    CoreRig shortcut, full;
+    full.core.setShutShortcut(false);
+    Stereo outShortcut, outFull;
+    for (auto [rig, out] : { std::pair { &shortcut, &outShortcut }, std::pair { &full, &outFull } })
+    {
+        rig->setFloat(Param::feedbackLeft, 0.9f);
+        rig->setFloat(Param::lfoPhaseShift, 0.3f);
+        const Stereo first { { input.left.begin(), input.left.begin() + 40000 },
+                             { input.right.begin(), input.right.begin() + 40000 } };
+        const Stereo rest { { input.left.begin() + 40000, input.left.end() },
+                            { input.right.begin() + 40000, input.right.end() } };
+        *out = rig->runStereo(first, 301);
+        EXPECT_TRUE(rig->core.getGate().isShut());
+        rig->setFloat(Param::lfoDepthLeft, 0.8f);
+        const auto second = rig->runStereo(rest, 301);
+        out->left.insert(out->left.end(), second.left.begin(), second.left.end());
+        out->right.insert(out->right.end(), second.right.begin(), second.right.end());
+    }
+
+    EXPECT_EQ(outShortcut.left, outFull.left);
+    EXPECT_EQ(outShortcut.right, outFull.right);
+    EXPECT_GT(peakOf(outShortcut.left, outShortcut.left.size() - 2000), 0.0f);
+    EXPECT_EQ(shortcut.core.getLfo(0).getPhase(), full.core.getLfo(0).getPhase());
+    EXPECT_EQ(shortcut.core.getLfo(1).getPhase(), full.core.getLfo(1).getPhase());
+    EXPECT_EQ(shortcut.core.peakLeft.load(), full.core.peakLeft.load());
+    EXPECT_EQ(shortcut.core.peakRight.load(), full.core.peakRight.load());
+    EXPECT_EQ(shortcut.core.currentBbdFrequency.load(), full.core.currentBbdFrequency.load());
+}
+
+TEST(CoreRun, TickCountFollowsTheClock)
+{
     // The tick count is the clock: 256 stages at rest run at about 1.35 MHz.
     CoreRig rig;
-    rig.setFloat(11, 0.0f);
-    rig.setFloat(3, 0.0f);
+    rig.setFloat(Param::lfoDepthLeft, 0.0f);
+    rig.setFloat(Param::delayOffsetLeft, 0.0f);
     rig.runStereo(testSignal(64));
     rig.prepare(44100.0); // settles every smoother on its target
     const auto before = rig.core.getTicksRun();
