@@ -4,8 +4,8 @@
 // runs beside the fast one and the speed-up is printed at the end.
 #include "engine/VelmarinCore.h"
 #include "plugin/FolderRule.h"
-#include "product/VelmarinProcessor.h"
 #include "product/Velmarin.h"
+#include "product/VelmarinProcessor.h"
 
 #include <benchmark/benchmark.h>
 #include <juce_events/juce_events.h>
@@ -22,7 +22,7 @@
 #pragma GCC diagnostic ignored "-Wmismatched-new-delete"
 
 /** Every heap allocation made through operator new in this program, counted. */
-std::atomic<std::uint64_t> allocationCount { 0 };
+std::atomic<std::uint64_t> allocationCount{0};
 
 void* operator new(std::size_t size)
 {
@@ -32,15 +32,21 @@ void* operator new(std::size_t size)
     throw std::bad_alloc();
 }
 
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
+void operator delete(void* p) noexcept
+{
+    std::free(p);
+}
+void operator delete(void* p, std::size_t) noexcept
+{
+    std::free(p);
+}
 
 namespace
 {
 constexpr int blockSize = 512;
 /** Every instance a benchmark makes keeps its settings in the run's private folder, set by main. */
 FolderRule benchFolders;
-const char* const qualities[] = { "Draft", "Normal", "High", "Ultra" };
+const char* const qualities[] = {"Draft", "Normal", "High", "Ultra"};
 
 enum Setting
 {
@@ -54,7 +60,8 @@ struct Instance
     Instance(Setting setting, int quality, double rate, bool stereo, bool plainLoop)
     {
         auto& manager = processor.getPlugin().getParameterManager();
-        auto set = [&manager](const char* name, const juce::String& text) { manager.getParameter(juce::String(name))->setText(text, true); };
+        auto set = [&manager](const char* name, const juce::String& text)
+        { manager.getParameter(juce::String(name))->setText(text, true); };
         if (setting == worstCase)
         {
             set("BBD Length", "512");
@@ -85,7 +92,10 @@ struct Instance
         input.makeCopyOf(buffer);
     }
 
-    VelmarinCore& core() { return *static_cast<VelmarinCore*>(static_cast<Velmarin&>(processor.getPlugin()).getCore()); }
+    VelmarinCore& core()
+    {
+        return *static_cast<VelmarinCore*>(static_cast<Velmarin&>(processor.getPlugin()).getCore());
+    }
 
     void block(bool silent = false)
     {
@@ -96,7 +106,7 @@ struct Instance
         processor.processBlock(buffer, midi);
     }
 
-    VelmarinProcessor processor { benchFolders };
+    VelmarinProcessor processor{benchFolders};
     juce::AudioBuffer<float> buffer, input;
     juce::MidiBuffer midi;
 };
@@ -107,7 +117,8 @@ void report(benchmark::State& state, Instance& instance, double rate, std::uint6
     state.counters["x_realtime"] = benchmark::Counter(samples / rate, benchmark::Counter::kIsRate);
     const auto ticks = static_cast<double>(instance.core().getTicksRun() - ticksBefore);
     if (ticks > 0.0)
-        state.counters["s_per_tick"] = benchmark::Counter(ticks, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+        state.counters["s_per_tick"] =
+            benchmark::Counter(ticks, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
 /** Args: setting, quality, rate, stereo, plain loop. */
@@ -126,18 +137,18 @@ void BM_Run(benchmark::State& state)
 
 void runArguments(benchmark::internal::Benchmark* b)
 {
-    b->ArgNames({ "setting", "quality", "rate", "stereo", "plain" });
-    for (const int rate : { 44100, 48000, 96000 })
-        for (const int stereo : { 0, 1 })
+    b->ArgNames({"setting", "quality", "rate", "stereo", "plain"});
+    for (const int rate : {44100, 48000, 96000})
+        for (const int stereo : {0, 1})
         {
-            b->Args({ defaults, 1, rate, stereo, 0 });
-            b->Args({ lightest, 1, rate, stereo, 0 });
+            b->Args({defaults, 1, rate, stereo, 0});
+            b->Args({lightest, 1, rate, stereo, 0});
             for (int quality = 0; quality < 4; ++quality)
-                b->Args({ worstCase, quality, rate, stereo, 0 });
+                b->Args({worstCase, quality, rate, stereo, 0});
         }
     // The plain loop beside the fast one, where the work is heaviest.
     for (int quality = 2; quality < 4; ++quality)
-        b->Args({ worstCase, quality, 48000, 1, 1 });
+        b->Args({worstCase, quality, 48000, 1, 1});
 }
 BENCHMARK(BM_Run)->Apply(runArguments)->Unit(benchmark::kMicrosecond);
 
@@ -175,7 +186,8 @@ BENCHMARK(BM_Construction)->Unit(benchmark::kMillisecond);
 void BM_Change(benchmark::State& state)
 {
     Instance instance(defaults, 1, 48000.0, true, false);
-    auto* p = instance.processor.getPlugin().getParameterManager().getParameter(juce::String(state.range(0) == 0 ? "Processing Quality" : "BBD Length"));
+    auto* p = instance.processor.getPlugin().getParameterManager().getParameter(
+        juce::String(state.range(0) == 0 ? "Processing Quality" : "BBD Length"));
     p->setText(state.range(0) == 0 ? "Draft" : "16", true);
     const int a = p->getInt();
     p->setText(state.range(0) == 0 ? "Ultra" : "512", true);
@@ -208,13 +220,15 @@ public:
     {
         for (int quality = 2; quality < 4; ++quality)
         {
-            const auto name = [quality](int plain) {
-                return "BM_Run/setting:1/quality:" + std::to_string(quality) + "/rate:48000/stereo:1/plain:" + std::to_string(plain);
+            const auto name = [quality](int plain)
+            {
+                return "BM_Run/setting:1/quality:" + std::to_string(quality) +
+                       "/rate:48000/stereo:1/plain:" + std::to_string(plain);
             };
             const auto fast = cpuPerIteration.find(name(0)), plain = cpuPerIteration.find(name(1));
             if (fast != cpuPerIteration.end() && plain != cpuPerIteration.end() && fast->second > 0.0)
-                std::printf("speed-up of the fast tick loop, worst case, %s, 48 kHz stereo: %.2fx\n", qualities[quality],
-                            plain->second / fast->second);
+                std::printf("speed-up of the fast tick loop, worst case, %s, 48 kHz stereo: %.2fx\n",
+                            qualities[quality], plain->second / fast->second);
         }
     }
 
@@ -227,7 +241,8 @@ int main(int argc, char** argv)
 {
     const juce::ScopedJuceInitialiser_GUI juce;
     // Instances keep their settings in a private folder, never the user's own.
-    const auto folder = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("velmarin-bench", {}, false);
+    const auto folder =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("velmarin-bench", {}, false);
     folder.createDirectory();
     benchFolders = FolderRule::fixed(folder, folder.getChildFile("data"));
 

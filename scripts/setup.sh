@@ -7,7 +7,7 @@ set -euo pipefail
 
 packages=(
   # toolchain
-  build-essential cmake ninja-build ccache pkg-config clang libclang-rt-14-dev
+  build-essential cmake ninja-build ccache pkg-config clang libclang-rt-14-dev clang-format
   # JUCE 7.0.5 with its VST3 and LV2 SDKs, and the system libraries its modules use
   juce-modules-source juce-tools
   libasound2-dev libfreetype-dev libfontconfig1-dev libx11-dev libxrandr-dev

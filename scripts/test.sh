@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The test command: sets up, checks the layer order of the source folders, builds, runs every unit test (plain, and with AddressSanitizer and
+# The test command: sets up, checks the layer order of the source folders and the formatting, builds, runs every unit test (plain, and with AddressSanitizer and
 # UndefinedBehaviorSanitizer in a clang build), runs every fuzz target briefly on its corpus, then
 # validates the VST3 and LV2 plug-ins with pluginval at strictness 10 (VST3 also in a random test
 # order). Exits non-zero on any failure.
@@ -12,8 +12,9 @@ shared="$root/../shared"
 
 bash scripts/setup.sh
 
-echo "== layer order of the source folders"
+echo "== layer order of the source folders, and formatting"
 bash scripts/check-layers.sh
+bash scripts/check-format.sh
 
 echo "== build (Release)"
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=Release >build.configure.log 2>&1 \

@@ -37,8 +37,8 @@ public:
 
 private:
     std::optional<std::string> previous;
-    juce::File folder =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("velmarin-tests-home", {}, false);
+    juce::File folder = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                            .getNonexistentChildFile("velmarin-tests-home", {}, false);
 };
 } // namespace
 

@@ -3,10 +3,7 @@
 #include "io/SafeFile.h"
 #include "io/XmlInput.h"
 
-ContentSource::ContentSource(const juce::String& storeName)
-    : name(storeName)
-{
-}
+ContentSource::ContentSource(const juce::String& storeName) : name(storeName) {}
 
 juce::File ContentSource::getItemFile(const juce::String&) const
 {
@@ -51,8 +48,8 @@ juce::String ContentSource::uniqueName(const juce::String& itemName) const
     }
     const auto now = juce::Time::getCurrentTime();
     const int hour = now.getHours() % 12 == 0 ? 12 : now.getHours() % 12;
-    const auto time = juce::String(hour) + ":" + juce::String(now.getMinutes()).paddedLeft('0', 2) + ":"
-                    + juce::String(now.getSeconds()).paddedLeft('0', 2) + (now.getHours() < 12 ? "am" : "pm");
+    const auto time = juce::String(hour) + ":" + juce::String(now.getMinutes()).paddedLeft('0', 2) + ":" +
+                      juce::String(now.getSeconds()).paddedLeft('0', 2) + (now.getHours() < 12 ? "am" : "pm");
     return itemName + " - Copy (" + time + ")";
 }
 

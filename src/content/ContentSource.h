@@ -30,15 +30,42 @@ public:
     virtual bool openItem(const juce::String& itemName) = 0;
     /** The file behind an item; a non-existent file for stores without files. */
     virtual juce::File getItemFile(const juce::String& itemName) const;
-    virtual void collectTags(ContentTags& out) { (void) out; }
-    virtual void loadItems(juce::OwnedArray<ContentItem>& out, TagRegistry* tagRegistry) { (void) out, (void) tagRegistry; }
-    virtual bool deleteStoredItem(const juce::String& itemName) { (void) itemName; return false; }
-    virtual bool renameStoredItem(const juce::String& oldName, const juce::String& newName) { (void) oldName, (void) newName; return false; }
-    virtual bool writeItemTags(const juce::String& itemName, const ContentTags& tags) { (void) itemName, (void) tags; return false; }
-    virtual bool createItem(const juce::String& itemName, const ContentTags& tags) { (void) itemName, (void) tags; return false; }
-    virtual bool importFile(const juce::File& file, const juce::String& itemName, const ContentTags& tags) { (void) file, (void) itemName, (void) tags; return false; }
+    virtual void collectTags(ContentTags& out) { (void)out; }
+    virtual void loadItems(juce::OwnedArray<ContentItem>& out, TagRegistry* tagRegistry)
+    {
+        (void)out, (void)tagRegistry;
+    }
+    virtual bool deleteStoredItem(const juce::String& itemName)
+    {
+        (void)itemName;
+        return false;
+    }
+    virtual bool renameStoredItem(const juce::String& oldName, const juce::String& newName)
+    {
+        (void)oldName, (void)newName;
+        return false;
+    }
+    virtual bool writeItemTags(const juce::String& itemName, const ContentTags& tags)
+    {
+        (void)itemName, (void)tags;
+        return false;
+    }
+    virtual bool createItem(const juce::String& itemName, const ContentTags& tags)
+    {
+        (void)itemName, (void)tags;
+        return false;
+    }
+    virtual bool importFile(const juce::File& file, const juce::String& itemName, const ContentTags& tags)
+    {
+        (void)file, (void)itemName, (void)tags;
+        return false;
+    }
     virtual juce::String getExtension() const { return {}; }
-    virtual ContentTags readItemTags(const juce::String& itemName) { (void) itemName; return {}; }
+    virtual ContentTags readItemTags(const juce::String& itemName)
+    {
+        (void)itemName;
+        return {};
+    }
     virtual ContentItem* makeItem(const juce::String& itemName, TagRegistry* tagRegistry, const ContentTags& tags);
 
     bool contains(const juce::String& itemName) const { return find(itemName) != nullptr; }

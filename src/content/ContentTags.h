@@ -36,7 +36,11 @@ public:
     void sort(bool ignoreCase, bool reorder, const juce::StringArray& order);
 
     bool isEmpty() const noexcept { return categories.isEmpty(); }
-    void clear() { categories.clear(); tags.clear(); }
+    void clear()
+    {
+        categories.clear();
+        tags.clear();
+    }
     int getNumCategories() const noexcept { return categories.size(); }
     const juce::String& getCategoryName(int position) const { return categories.getReference(position); }
     const juce::StringArray& getTags(int position) const { return tags.getReference(position); }

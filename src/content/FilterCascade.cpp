@@ -2,10 +2,7 @@
 
 #include <algorithm>
 
-FilterCascade::FilterCascade(TagRegistry& tagRegistry)
-    : registry(tagRegistry)
-{
-}
+FilterCascade::FilterCascade(TagRegistry& tagRegistry) : registry(tagRegistry) {}
 
 int FilterCascade::indexOf(const juce::String& category) const
 {

@@ -1,8 +1,8 @@
 #include "PackageBuilder.h"
 
-#include "io/SafeFile.h"
 #include "PackageFile.h"
 #include "PackageKey.h"
+#include "io/SafeFile.h"
 
 #include <juce_cryptography/juce_cryptography.h>
 
@@ -22,10 +22,7 @@ juce::MemoryBlock zip(const juce::StringArray& names, const juce::Array<juce::Me
 }
 } // namespace
 
-PackageBuilder::PackageBuilder(PackageDescription d)
-    : description(std::move(d))
-{
-}
+PackageBuilder::PackageBuilder(PackageDescription d) : description(std::move(d)) {}
 
 void PackageBuilder::addEntry(const juce::String& entryName, const juce::MemoryBlock& bytes)
 {
@@ -45,8 +42,8 @@ juce::MemoryBlock PackageBuilder::buildContent() const
     desc.setAttribute("organization", description.organization);
     const auto descText = desc.toString();
 
-    juce::StringArray allNames { PackageFile::descriptionEntry };
-    juce::Array<juce::MemoryBlock> allContents { juce::MemoryBlock(descText.toRawUTF8(), descText.getNumBytesAsUTF8()) };
+    juce::StringArray allNames{PackageFile::descriptionEntry};
+    juce::Array<juce::MemoryBlock> allContents{juce::MemoryBlock(descText.toRawUTF8(), descText.getNumBytesAsUTF8())};
     allNames.addArray(names);
     allContents.addArray(contents);
     return zip(allNames, allContents, 9);
@@ -77,7 +74,8 @@ bool PackageBuilder::write(const juce::File& target, const juce::String& private
 
 juce::MemoryBlock PackageBuilder::wrap(const juce::MemoryBlock& content, const juce::String& signature)
 {
-    return zip({ "hash", "content" }, { juce::MemoryBlock(signature.toRawUTF8(), signature.getNumBytesAsUTF8()), content }, 0);
+    return zip({"hash", "content"}, {juce::MemoryBlock(signature.toRawUTF8(), signature.getNumBytesAsUTF8()), content},
+               0);
 }
 
 namespace

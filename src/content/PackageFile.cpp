@@ -22,7 +22,8 @@ bool readEntry(juce::ZipFile& zip, const juce::String& entryName, size_t limit, 
 }
 } // namespace
 
-bool PackageFile::signatureMatches(const juce::String& signature, const juce::MemoryBlock& content, const juce::String& publicKey)
+bool PackageFile::signatureMatches(const juce::String& signature, const juce::MemoryBlock& content,
+                                   const juce::String& publicKey)
 {
     const auto text = signature.trim();
     if (text.isEmpty() || text.length() > maximumSignatureLength || ! text.containsOnly("0123456789abcdefABCDEF"))
@@ -47,8 +48,9 @@ PackageFile::PackageFile(const juce::File& file, const juce::String& publicKey)
     outer = std::make_unique<juce::ZipFile>(file);
 
     juce::MemoryBlock hashBytes;
-    if (! readEntry(*outer, "hash", maximumHashBytes, hashBytes) || ! readEntry(*outer, "content", maximumContentBytes, contentBytes)
-        || ! signatureMatches(hashBytes.toString(), contentBytes, publicKey))
+    if (! readEntry(*outer, "hash", maximumHashBytes, hashBytes) ||
+        ! readEntry(*outer, "content", maximumContentBytes, contentBytes) ||
+        ! signatureMatches(hashBytes.toString(), contentBytes, publicKey))
     {
         outer.reset();
         contentBytes.reset();

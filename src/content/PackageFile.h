@@ -41,7 +41,8 @@ public:
     static constexpr int maximumSignatureLength = 4096;
 
     /** Whether `signature` (hexadecimal text) opened with the public key gives the MD5 of `content`. */
-    static bool signatureMatches(const juce::String& signature, const juce::MemoryBlock& content, const juce::String& publicKey);
+    static bool signatureMatches(const juce::String& signature, const juce::MemoryBlock& content,
+                                 const juce::String& publicKey);
 
 private:
     void readDescription();
@@ -52,7 +53,7 @@ private:
     juce::String product, module, type, name;
     int revision = 0;
     juce::String author, organization;
-    juce::Time openTime { juce::Time::getCurrentTime() };
+    juce::Time openTime{juce::Time::getCurrentTime()};
 
     JUCE_DECLARE_NON_COPYABLE(PackageFile)
 };

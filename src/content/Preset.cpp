@@ -5,7 +5,8 @@
 #include "parameters/Parameter.h"
 #include "parameters/ParameterManager.h"
 
-Preset::Preset(juce::InputStream& stream, const ParameterManager& manager, bool headerOnly, const juce::String& presetName)
+Preset::Preset(juce::InputStream& stream, const ParameterManager& manager, bool headerOnly,
+               const juce::String& presetName)
 {
     const auto root = XmlInput::parse(stream, headerOnly);
     readXml(root.get(), manager, headerOnly);
@@ -47,13 +48,13 @@ void Preset::setRating(int newRating)
 void Preset::addValue(const Parameter* parameter)
 {
     if (parameter != nullptr)
-        addValue(PresetValue { parameter->getIndex(), parameter->getText() });
+        addValue(PresetValue{parameter->getIndex(), parameter->getText()});
 }
 
 void Preset::addValue(const PresetValue& value)
 {
     values.add(new PresetValue(value));
-    indices.addRange({ value.index, value.index + 1 });
+    indices.addRange({value.index, value.index + 1});
 }
 
 void Preset::clearValues()
@@ -100,11 +101,12 @@ void Preset::readXml(const juce::XmlElement* element, const ParameterManager& ma
     if (headerOnly)
         return;
 
-    auto readParam = [&](const juce::XmlElement& child) {
+    auto readParam = [&](const juce::XmlElement& child)
+    {
         auto* p = manager.getParameter(child.getStringAttribute("name"));
         if (p == nullptr || p->getIndex() == -1)
             return;
-        addValue(PresetValue { p->getIndex(), child.getStringAttribute("value") });
+        addValue(PresetValue{p->getIndex(), child.getStringAttribute("value")});
     };
 
     if (auto* list = element->getChildByName("Parameters"))

@@ -37,11 +37,11 @@ public:
 
 private:
     ParameterManager& manager;
-    juce::HashMap<int, int> positions { 101 };
+    juce::HashMap<int, int> positions{101};
     juce::Array<juce::var> snapshots;
     juce::HeapBlock<char> changed;
     juce::Array<Parameter*> watched;
-    std::atomic<int> changedCount { 0 };
+    std::atomic<int> changedCount{0};
 
     JUCE_DECLARE_NON_COPYABLE(PresetChangeDetector)
 };

@@ -29,8 +29,7 @@ PresetsContent<P>::PresetsContent(const juce::String& storeName, PresetHost& own
 {
 }
 
-template <class P>
-bool PresetsContent<P>::openItem(const juce::String& itemName)
+template <class P> bool PresetsContent<P>::openItem(const juce::String& itemName)
 {
     // The item of exactly that name, else the one whose name differs only in letter case; the
     // stored form is found under the item's own spelling.
@@ -51,16 +50,14 @@ PresetsDirectoryContent<P>::PresetsDirectoryContent(const juce::String& storeNam
 {
 }
 
-template <class P>
-juce::File PresetsDirectoryContent<P>::getItemFile(const juce::String& itemName) const
+template <class P> juce::File PresetsDirectoryContent<P>::getItemFile(const juce::String& itemName) const
 {
     if (! ContentSource::isStorableName(itemName))
         return {};
     return folder.getChildFile(itemName).withFileExtension(extension);
 }
 
-template <class P>
-juce::Array<juce::File> PresetsDirectoryContent<P>::listFiles() const
+template <class P> juce::Array<juce::File> PresetsDirectoryContent<P>::listFiles() const
 {
     // In the order the file system gives; the browser sorts what it shows.
     juce::Array<juce::File> files;
@@ -71,8 +68,7 @@ juce::Array<juce::File> PresetsDirectoryContent<P>::listFiles() const
     return files;
 }
 
-template <class P>
-void PresetsDirectoryContent<P>::collectTags(ContentTags& out)
+template <class P> void PresetsDirectoryContent<P>::collectTags(ContentTags& out)
 {
     out.clear();
     auto& manager = this->plugin.getParameterManager();
@@ -97,8 +93,7 @@ void PresetsDirectoryContent<P>::loadItems(juce::OwnedArray<ContentItem>& out, T
     }
 }
 
-template <class P>
-bool PresetsDirectoryContent<P>::deleteStoredItem(const juce::String& itemName)
+template <class P> bool PresetsDirectoryContent<P>::deleteStoredItem(const juce::String& itemName)
 {
     const auto file = getItemFile(itemName);
     return file != juce::File() && file.existsAsFile() && file.deleteFile();
@@ -118,15 +113,13 @@ bool PresetsDirectoryContent<P>::renameStoredItem(const juce::String& oldName, c
     return from.moveFileTo(to);
 }
 
-template <class P>
-bool PresetsDirectoryContent<P>::writeItemTags(const juce::String& itemName, const ContentTags& tags)
+template <class P> bool PresetsDirectoryContent<P>::writeItemTags(const juce::String& itemName, const ContentTags& tags)
 {
     const auto file = getItemFile(itemName);
     return file != juce::File() && Preset::writeTagsToFile(file, tags);
 }
 
-template <class P>
-bool PresetsDirectoryContent<P>::createItem(const juce::String& itemName, const ContentTags& tags)
+template <class P> bool PresetsDirectoryContent<P>::createItem(const juce::String& itemName, const ContentTags& tags)
 {
     const auto file = getItemFile(itemName);
     if (file == juce::File())
@@ -138,8 +131,7 @@ bool PresetsDirectoryContent<P>::createItem(const juce::String& itemName, const 
     return preset.saveToFile(file, this->plugin.getParameterManager());
 }
 
-template <class P>
-ContentTags PresetsDirectoryContent<P>::readItemTags(const juce::String& itemName)
+template <class P> ContentTags PresetsDirectoryContent<P>::readItemTags(const juce::String& itemName)
 {
     const auto file = getItemFile(itemName);
     if (! file.existsAsFile())
@@ -192,8 +184,7 @@ void PresetsPackageContent<P>::loadItems(juce::OwnedArray<ContentItem>& out, Tag
         out.add(this->makeItem(presetNames[i], tagRegistry, presetTags.getReference(i)));
 }
 
-template <class P>
-std::unique_ptr<P> PresetsPackageContent<P>::readPreset(const juce::String& itemName, bool)
+template <class P> std::unique_ptr<P> PresetsPackageContent<P>::readPreset(const juce::String& itemName, bool)
 {
     const auto entryName = itemName + extension;
     if (entryName == PackageFile::descriptionEntry)
@@ -205,8 +196,7 @@ std::unique_ptr<P> PresetsPackageContent<P>::readPreset(const juce::String& item
     return std::make_unique<P>(*stream, this->plugin.getParameterManager(), false, baseName(entryName));
 }
 
-template <class P>
-void PresetsPackageContent<P>::completePreset(P& preset)
+template <class P> void PresetsPackageContent<P>::completePreset(P& preset)
 {
     if (preset.getAuthor().isEmpty())
         preset.setAuthor(package.getAuthor());

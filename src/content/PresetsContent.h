@@ -10,8 +10,7 @@
 #include "PresetHost.h"
 
 /** A store of presets of type P (a Preset or a product's subclass) for one plug-in slot. */
-template <class P>
-class PresetsContent : public ContentSource
+template <class P> class PresetsContent : public ContentSource
 {
 public:
     PresetsContent(const juce::String& storeName, PresetHost& owner, int presetSlot);
@@ -21,7 +20,7 @@ public:
     /** A new preset read from the store, or null. */
     virtual std::unique_ptr<P> readPreset(const juce::String& itemName, bool headerOnly) = 0;
     /** Fills in what the store knows and the preset lacks; nothing here. */
-    virtual void completePreset(P& preset) { (void) preset; }
+    virtual void completePreset(P& preset) { (void)preset; }
 
 protected:
     PresetHost& plugin;
@@ -29,8 +28,7 @@ protected:
 };
 
 /** The user's folder of preset files: every "*<extension>" file is an item named after it. */
-template <class P>
-class PresetsDirectoryContent : public PresetsContent<P>
+template <class P> class PresetsDirectoryContent : public PresetsContent<P>
 {
 public:
     PresetsDirectoryContent(const juce::String& storeName, PresetHost& owner, int presetSlot, const juce::File& folder,
@@ -64,12 +62,11 @@ private:
 };
 
 /** A signed package: read once at construction (headers only), served from memory afterwards. */
-template <class P>
-class PresetsPackageContent : public PresetsContent<P>
+template <class P> class PresetsPackageContent : public PresetsContent<P>
 {
 public:
-    PresetsPackageContent(const juce::String& storeName, PresetHost& owner, int presetSlot, const juce::File& packageFile,
-                          const juce::String& extension, const juce::String& publicKey);
+    PresetsPackageContent(const juce::String& storeName, PresetHost& owner, int presetSlot,
+                          const juce::File& packageFile, const juce::String& extension, const juce::String& publicKey);
 
     void collectTags(ContentTags& out) override { out = unionOfTags; }
     void loadItems(juce::OwnedArray<ContentItem>& out, TagRegistry* tagRegistry) override;

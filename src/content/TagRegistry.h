@@ -33,7 +33,7 @@ public:
 private:
     void enter(const juce::String& key, int id);
 
-    juce::HashMap<juce::String, int> ids { 101 };
-    juce::HashMap<int, juce::String> texts { 101 };
+    juce::HashMap<juce::String, int> ids{101};
+    juce::HashMap<int, juce::String> texts{101};
     ContentTags master;
 };

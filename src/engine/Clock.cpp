@@ -13,10 +13,14 @@ double ClockDivision::multiplierForDotType(int type) noexcept
 {
     switch (type)
     {
-        case 0: return 1.0;
-        case 1: return 0.6666666666666666;
-        case 2: return 1.5;
-        default: return 0.0;
+    case 0:
+        return 1.0;
+    case 1:
+        return 0.6666666666666666;
+    case 2:
+        return 1.5;
+    default:
+        return 0.0;
     }
 }
 

@@ -77,5 +77,5 @@ public:
     double position = 0.0;
     double sampleRate = 44100.0;
     double tempo = 0.0;
-    std::atomic<int> dirty { 0 };
+    std::atomic<int> dirty{0};
 };

@@ -122,31 +122,41 @@ inline void LfoOscillator::next(float& out) noexcept
     constexpr double twoOverPi = 0.6366197723675814;
     constexpr double oneOverPi = 0.3183098861837907;
     constexpr double threeHalvesPi = 4.71238898038469;
-    const auto triangleAt = [](double x) {
-        return static_cast<float>(x < pi ? x * twoOverPi - 1.0 : (threeHalvesPi - x) * twoOverPi);
-    };
+    const auto triangleAt = [](double x)
+    { return static_cast<float>(x < pi ? x * twoOverPi - 1.0 : (threeHalvesPi - x) * twoOverPi); };
 
     switch (waveform)
     {
-        case triangle: out = triangleAt(w); break;
-        case sine: out = static_cast<float>(std::sin(w - 0.7853981633974483)); break;
-        case square: out = static_cast<float>(pi > w ? 1.0 : -1.0); break;
-        case sawDown: out = static_cast<float>((twoPi - w) * oneOverPi - 1.0); break;
-        case sawUp: out = static_cast<float>(w * oneOverPi - 1.0); break;
-        case randomSteps:
-            gateBefore = gateNow;
-            gateNow = pi > w;
-            if (gateNow && ! gateBefore)
-                stepRandom();
-            out = randomValue;
-            break;
-        case curvedTriangle:
-        {
-            const float h = triangleAt(w) * 0.5f;
-            out = 1.0f - 2.0f * std::pow(0.5f - h, curvePower);
-            break;
-        }
-        default: break;
+    case triangle:
+        out = triangleAt(w);
+        break;
+    case sine:
+        out = static_cast<float>(std::sin(w - 0.7853981633974483));
+        break;
+    case square:
+        out = static_cast<float>(pi > w ? 1.0 : -1.0);
+        break;
+    case sawDown:
+        out = static_cast<float>((twoPi - w) * oneOverPi - 1.0);
+        break;
+    case sawUp:
+        out = static_cast<float>(w * oneOverPi - 1.0);
+        break;
+    case randomSteps:
+        gateBefore = gateNow;
+        gateNow = pi > w;
+        if (gateNow && ! gateBefore)
+            stepRandom();
+        out = randomValue;
+        break;
+    case curvedTriangle:
+    {
+        const float h = triangleAt(w) * 0.5f;
+        out = 1.0f - 2.0f * std::pow(0.5f - h, curvePower);
+        break;
+    }
+    default:
+        break;
     }
 
     if (inverted)

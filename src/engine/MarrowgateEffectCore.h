@@ -25,26 +25,26 @@ public:
     // The unnamed hooks keep the family's interface order; no core of this product uses them.
     virtual void initialiseHook() {}
     /** Clears the signal state; rate-dependent tables are rebuilt when the rate changed. */
-    virtual void reset(bool sampleRateChanged) { (void) sampleRateChanged; }
+    virtual void reset(bool sampleRateChanged) { (void)sampleRateChanged; }
     virtual void releaseHook() {}
     /** Stores one parameter's value into the engine's quantities. */
-    virtual void parameterChanged(Parameter& parameter) { (void) parameter; }
+    virtual void parameterChanged(Parameter& parameter) { (void)parameter; }
     /** The host's tempo in beats per minute. */
-    virtual void setTempo(double bpm) { (void) bpm; }
+    virtual void setTempo(double bpm) { (void)bpm; }
     /** The host's position in quarter notes, while the transport plays. */
-    virtual void setPosition(double ppq) { (void) ppq; }
+    virtual void setPosition(double ppq) { (void)ppq; }
     virtual void blockStartHook() {}
     /** Processes a run of samples; the outputs may be the inputs (processing is in place). */
     virtual void processStereo(const float* inLeft, const float* inRight, float* outLeft, float* outRight,
                                int numSamples, bool bypassed)
     {
-        (void) inLeft, (void) inRight, (void) outLeft, (void) outRight, (void) numSamples, (void) bypassed;
+        (void)inLeft, (void)inRight, (void)outLeft, (void)outRight, (void)numSamples, (void)bypassed;
     }
     virtual void blockEndHook() {}
     /** Processes a run of one channel in place. */
     virtual void processMono(float* buffer, int numSamples, bool bypassed)
     {
-        (void) buffer, (void) numSamples, (void) bypassed;
+        (void)buffer, (void)numSamples, (void)bypassed;
     }
     virtual void suspendHook() {}
     virtual void resumeHook() {}
@@ -58,11 +58,11 @@ public:
     BasePlugin* plugin = nullptr;
 
     /** Peak levels of the last run, written by the audio thread, read by the editor. */
-    std::atomic<float> peakLeft { 0.0f };
-    std::atomic<float> peakRight { 0.0f };
+    std::atomic<float> peakLeft{0.0f};
+    std::atomic<float> peakRight{0.0f};
 
     /** Meter position for a signal value: entry i holds clamp(L / 30 + 0.8, 0, 1) with
         x = (i - 200) * 0.01 and L = 20 log10 |x| (-320 at x = 0). */
     static constexpr int meterTableSize = 400;
-    std::array<double, meterTableSize> meterTable {};
+    std::array<double, meterTableSize> meterTable{};
 };

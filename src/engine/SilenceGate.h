@@ -87,10 +87,10 @@ private:
         fadePhase[c] = 0.0;
     }
 
-    std::array<bool, 2> active { true, true };
-    std::array<double, 2> hold {};
+    std::array<bool, 2> active{true, true};
+    std::array<double, 2> hold{};
     double decay = 0.9996;
-    std::array<bool, 2> fading {};
+    std::array<bool, 2> fading{};
     double fadeStep = 0.0;
-    std::array<double, 2> fadePhase {};
+    std::array<double, 2> fadePhase{};
 };

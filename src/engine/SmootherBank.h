@@ -39,7 +39,7 @@ public:
     float value(size_t i) const noexcept { return current[i]; }
 
 private:
-    std::array<float, 4> current {};
-    std::array<float, 4> target {};
+    std::array<float, 4> current{};
+    std::array<float, 4> target{};
     float coefficient = baseCoefficient;
 };

@@ -3,18 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-StereoBiquad::StereoBiquad(int filterType, float minimumHz, float maximumHz, float minimumQValue,
-                           float maximumQValue, int entries)
-    : type(filterType),
-      minimumFrequency(minimumHz),
-      maximumFrequency(maximumHz),
-      frequencySpan(maximumHz - minimumHz),
-      minimumQ(minimumQValue),
-      maximumQ(maximumQValue),
-      qSpan(maximumQValue - minimumQValue),
-      tableSize(entries),
-      sineTable(new float[static_cast<size_t>(entries)]()),
-      cosineTable(new float[static_cast<size_t>(entries)]())
+StereoBiquad::StereoBiquad(int filterType, float minimumHz, float maximumHz, float minimumQValue, float maximumQValue,
+                           int entries)
+    : type(filterType), minimumFrequency(minimumHz), maximumFrequency(maximumHz), frequencySpan(maximumHz - minimumHz),
+      minimumQ(minimumQValue), maximumQ(maximumQValue), qSpan(maximumQValue - minimumQValue), tableSize(entries),
+      sineTable(new float[static_cast<size_t>(entries)]()), cosineTable(new float[static_cast<size_t>(entries)]())
 {
 }
 

@@ -60,6 +60,6 @@ private:
     int tableSize;
     std::unique_ptr<float[]> sineTable;
     std::unique_ptr<float[]> cosineTable;
-    std::array<float, 2> x0 {}, x2 {}, x1 {}, y1 {}, y2 {};
-    std::array<float, 2> c0 {}, c1 {}, c2 {}, c3 {}, c4 {};
+    std::array<float, 2> x0{}, x2{}, x1{}, y1{}, y2{};
+    std::array<float, 2> c0{}, c1{}, c2{}, c3{}, c4{};
 };

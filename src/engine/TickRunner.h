@@ -19,13 +19,12 @@
 
     Built by `BbdLine::tick` on the stack; the line copies its state back.
     Thread: audio thread. */
-template <int taps>
-struct TickRunner
+template <int taps> struct TickRunner
 {
     static_assert(taps % 4 == 0, "the tick loop works four taps at a time");
 
-    const float* table;     // polyphase rows of `taps` floats, 1024 of them
-    const float* ring;      // the first tap of a tick whose whole read position is 0
+    const float* table; // polyphase rows of `taps` floats, 1024 of them
+    const float* ring;  // the first tap of a tick whose whole read position is 0
     double readDelayFraction;
     const StepTable& stepTable;
     double* stages;
@@ -33,7 +32,7 @@ struct TickRunner
     int index;
     double last;
     double delta;
-    __m128 stepLow, stepHigh;  // the eight step sums this sample's ticks add into
+    __m128 stepLow, stepHigh; // the eight step sums this sample's ticks add into
     std::uint64_t ticks = 0;
 
     /** Where a tick at a given phase reads: the sinc table's row for its fraction, and the ring. */
@@ -62,8 +61,7 @@ struct TickRunner
     }
 
     /** Runs n ticks at the given phases, in order. */
-    template <int n>
-    void run(const double* phases) noexcept
+    template <int n> void run(const double* phases) noexcept
     {
         const float* rows[n];
         const float* tapStarts[n];
@@ -86,8 +84,7 @@ struct TickRunner
     }
 
     /** Runs `count` ticks, 1 <= count <= n, as one group. */
-    template <int n>
-    void runUpTo(int count, const double* phases) noexcept
+    template <int n> void runUpTo(int count, const double* phases) noexcept
     {
         if constexpr (n > 1)
         {
@@ -104,7 +101,7 @@ private:
     /** (s0 + s1) + (s2 + s3) of the four lanes, in that order. */
     static float sumLanes(__m128 s) noexcept
     {
-        const __m128 pairs = _mm_add_ps(s, _mm_shuffle_ps(s, s, _MM_SHUFFLE(2, 3, 0, 1)));  // s0+s1, _, s2+s3, _
+        const __m128 pairs = _mm_add_ps(s, _mm_shuffle_ps(s, s, _MM_SHUFFLE(2, 3, 0, 1))); // s0+s1, _, s2+s3, _
         return _mm_cvtss_f32(_mm_add_ss(pairs, _mm_movehl_ps(pairs, pairs)));
     }
 
@@ -125,7 +122,8 @@ private:
             else
             {
                 for (int j = 0; j < n; ++j)
-                    sums[j] = _mm_add_ps(sums[j], _mm_mul_ps(_mm_loadu_ps(rows[j] + k), _mm_loadu_ps(tapStarts[j] + k)));
+                    sums[j] =
+                        _mm_add_ps(sums[j], _mm_mul_ps(_mm_loadu_ps(rows[j] + k), _mm_loadu_ps(tapStarts[j] + k)));
             }
         }
         for (int j = 0; j < n; ++j)

@@ -39,12 +39,11 @@ inline float clipLineInput(float v) noexcept
 
 /** Calls f with channel 0, and in stereo with channel 1, each a compile-time constant, so that the
     sample loop's per-channel steps are written once and still unrolled. */
-template <bool stereo, typename F>
-inline void forEachChannel(F&& f)
+template <bool stereo, typename F> inline void forEachChannel(F&& f)
 {
-    f(std::integral_constant<size_t, 0> {});
+    f(std::integral_constant<size_t, 0>{});
     if constexpr (stereo)
-        f(std::integral_constant<size_t, 1> {});
+        f(std::integral_constant<size_t, 1>{});
 }
 
 struct QualityLevel
@@ -52,17 +51,17 @@ struct QualityLevel
     int taps, offset; // taps are a multiple of 4: the tick loop works four at a time
 };
 
-constexpr std::array<QualityLevel, 4> qualityLevels { {
-    { 4, 6 },    // "Draft"
-    { 8, 4 },    // "Normal"
-    { 16, 0 },   // "High"
-    { 32, -8 },  // "Ultra"
-} };
+constexpr std::array<QualityLevel, 4> qualityLevels{{
+    {4, 6},   // "Draft"
+    {8, 4},   // "Normal"
+    {16, 0},  // "High"
+    {32, -8}, // "Ultra"
+}};
 } // namespace
 
 VelmarinCore::VelmarinCore()
-    : sincTables { SincTable(4), SincTable(8), SincTable(16), SincTable(32) },
-      lines { BbdLine(stepTable), BbdLine(stepTable) },
+    : sincTables{SincTable(4), SincTable(8), SincTable(16), SincTable(32)}, lines{BbdLine(stepTable),
+                                                                                  BbdLine(stepTable)},
       inputLowPass(StereoBiquad::lowPass, 11816.0f, 11816.0f, 0.91971999f, 0.91971999f, 23632),
       lowCut(StereoBiquad::highPass, 51.0f, 101.0f, 0.16093200f, 0.16093200f, 202)
 {
@@ -98,9 +97,12 @@ double VelmarinCore::voltageToFrequency(double voltage, int curve) noexcept
 {
     switch (curve)
     {
-        case 1: return 2778006.238290379 / (voltage + 3.1122172430134554) - 60493.38578282923;
-        case 2: return 124090556.52786241 / (voltage + 62.61962227335039) - 1285206.6415424007;
-        default: return 563517.1467566676 / (voltage + 0.1729133168329759) - 0.0;
+    case 1:
+        return 2778006.238290379 / (voltage + 3.1122172430134554) - 60493.38578282923;
+    case 2:
+        return 124090556.52786241 / (voltage + 62.61962227335039) - 1285206.6415424007;
+    default:
+        return 563517.1467566676 / (voltage + 0.1729133168329759) - 0.0;
     }
 }
 
@@ -140,7 +142,7 @@ void VelmarinCore::reset(bool sampleRateChanged)
     if (sampleRateChanged)
     {
         applySampleRate(ctx);
-        for (auto* lfo : { &lfoLeft, &lfoRight })
+        for (auto* lfo : {&lfoLeft, &lfoRight})
         {
             lfo->updateRate();
             lfo->stepRandom();
@@ -272,7 +274,8 @@ void VelmarinCore::parameterChanged(Parameter& p)
 {
     using namespace VelmarinLaw;
     const auto feedbackAmount = [&p] { return p.getNormalized() * feedbackSpan - feedbackLimit; };
-    const auto noteValue = [&p] {
+    const auto noteValue = [&p]
+    {
         const int value = p.getInt();
         return value >= 0 && value <= highestNoteRateValue ? value : -1;
     };
@@ -280,65 +283,108 @@ void VelmarinCore::parameterChanged(Parameter& p)
     rateContext();
     switch (p.getIndex())
     {
-        case VelmarinParameter::preamp: q.preampDb = p.getNormalized() * preampRangeDb; break;
-        case VelmarinParameter::msMode: q.msMode = p.getBool(); break;
-        case VelmarinParameter::channelsCrossfade: q.crossfade = p.getNormalized(); break;
-        case VelmarinParameter::delayOffsetLeft: q.offset.setLeft(p.getNormalized()); break;
-        case VelmarinParameter::delayOffsetRight: q.offset.setRight(p.getNormalized()); break;
-        case VelmarinParameter::delayOffsetLink: q.offset.setLinked(p.getBool()); break;
-        case VelmarinParameter::lfoRateLeft:
-            lfoLeft.setFreeRate(lfoRateForNormalized(p.getNormalized()));
+    case VelmarinParameter::preamp:
+        q.preampDb = p.getNormalized() * preampRangeDb;
+        break;
+    case VelmarinParameter::msMode:
+        q.msMode = p.getBool();
+        break;
+    case VelmarinParameter::channelsCrossfade:
+        q.crossfade = p.getNormalized();
+        break;
+    case VelmarinParameter::delayOffsetLeft:
+        q.offset.setLeft(p.getNormalized());
+        break;
+    case VelmarinParameter::delayOffsetRight:
+        q.offset.setRight(p.getNormalized());
+        break;
+    case VelmarinParameter::delayOffsetLink:
+        q.offset.setLinked(p.getBool());
+        break;
+    case VelmarinParameter::lfoRateLeft:
+        lfoLeft.setFreeRate(lfoRateForNormalized(p.getNormalized()));
+        updateRightLfo();
+        break;
+    case VelmarinParameter::lfoRateRight:
+        q.rateRight = static_cast<float>(lfoRateForNormalized(p.getNormalized()));
+        updateRightLfo();
+        break;
+    case VelmarinParameter::lfoNoteRateLeft:
+        if (const int value = noteValue(); value >= 0)
+        {
+            lfoLeft.setNoteCode(value + 1);
             updateRightLfo();
-            break;
-        case VelmarinParameter::lfoRateRight:
-            q.rateRight = static_cast<float>(lfoRateForNormalized(p.getNormalized()));
+        }
+        break;
+    case VelmarinParameter::lfoNoteRateRight:
+        if (const int value = noteValue(); value >= 0)
+        {
+            q.noteCodeRight = value + 1;
             updateRightLfo();
-            break;
-        case VelmarinParameter::lfoNoteRateLeft:
-            if (const int value = noteValue(); value >= 0)
-            {
-                lfoLeft.setNoteCode(value + 1);
-                updateRightLfo();
-            }
-            break;
-        case VelmarinParameter::lfoNoteRateRight:
-            if (const int value = noteValue(); value >= 0)
-            {
-                q.noteCodeRight = value + 1;
-                updateRightLfo();
-            }
-            break;
-        case VelmarinParameter::lfoRateLink:
-            q.rateLinked = p.getBool();
-            updateRightLfo();
-            break;
-        case VelmarinParameter::lfoDepthLeft: q.depth.setLeft(p.getNormalized()); break;
-        case VelmarinParameter::lfoDepthRight: q.depth.setRight(p.getNormalized()); break;
-        case VelmarinParameter::lfoDepthLink: q.depth.setLinked(p.getBool()); break;
-        case VelmarinParameter::feedbackLeft: setFeedbackLeft(feedbackAmount()); break;
-        case VelmarinParameter::feedbackRight: setFeedbackRight(feedbackAmount()); break;
-        case VelmarinParameter::feedbackLink: setFeedbackLinked(p.getBool()); break;
-        case VelmarinParameter::lfoSync: applySyncMode(p.getInt()); break;
-        case VelmarinParameter::lfoPhaseShift: applyPhaseShift(p.getNormalized()); break;
-        case VelmarinParameter::lfoVoltageCurve: q.voltageCurve = p.getInt(); break;
-        case VelmarinParameter::bbdLength:
-            q.bbdLengthIndex = p.getInt();
-            applyBbdLength();
-            break;
-        case VelmarinParameter::bbdFrequencyRange:
-            q.frequencyRange = static_cast<double>(p.getNormalized()) * frequencyRangeSpan + 1.0;
-            break;
-        case VelmarinParameter::lowCut: q.lowCutMode = p.getInt(); break;
-        case VelmarinParameter::gainLeft: q.gainLeft = p.getNormalized(); break;
-        case VelmarinParameter::gainRight: q.gainRight = p.getNormalized(); break;
-        case VelmarinParameter::autoMixMode: q.autoMixMode = p.getBool(); break;
-        case VelmarinParameter::fxAmount: q.fxAmount = p.getNormalized(); break;
-        case VelmarinParameter::outputVolume:
-            q.outputVolume = p.getNormalized();
-            q.outputGain = q.outputVolume * q.outputVolume * outputGainScale;
-            break;
-        case VelmarinParameter::processingQuality: applyQuality(p.getInt()); break;
-        default: break; // the frequency read-out, and anything else: nothing to store
+        }
+        break;
+    case VelmarinParameter::lfoRateLink:
+        q.rateLinked = p.getBool();
+        updateRightLfo();
+        break;
+    case VelmarinParameter::lfoDepthLeft:
+        q.depth.setLeft(p.getNormalized());
+        break;
+    case VelmarinParameter::lfoDepthRight:
+        q.depth.setRight(p.getNormalized());
+        break;
+    case VelmarinParameter::lfoDepthLink:
+        q.depth.setLinked(p.getBool());
+        break;
+    case VelmarinParameter::feedbackLeft:
+        setFeedbackLeft(feedbackAmount());
+        break;
+    case VelmarinParameter::feedbackRight:
+        setFeedbackRight(feedbackAmount());
+        break;
+    case VelmarinParameter::feedbackLink:
+        setFeedbackLinked(p.getBool());
+        break;
+    case VelmarinParameter::lfoSync:
+        applySyncMode(p.getInt());
+        break;
+    case VelmarinParameter::lfoPhaseShift:
+        applyPhaseShift(p.getNormalized());
+        break;
+    case VelmarinParameter::lfoVoltageCurve:
+        q.voltageCurve = p.getInt();
+        break;
+    case VelmarinParameter::bbdLength:
+        q.bbdLengthIndex = p.getInt();
+        applyBbdLength();
+        break;
+    case VelmarinParameter::bbdFrequencyRange:
+        q.frequencyRange = static_cast<double>(p.getNormalized()) * frequencyRangeSpan + 1.0;
+        break;
+    case VelmarinParameter::lowCut:
+        q.lowCutMode = p.getInt();
+        break;
+    case VelmarinParameter::gainLeft:
+        q.gainLeft = p.getNormalized();
+        break;
+    case VelmarinParameter::gainRight:
+        q.gainRight = p.getNormalized();
+        break;
+    case VelmarinParameter::autoMixMode:
+        q.autoMixMode = p.getBool();
+        break;
+    case VelmarinParameter::fxAmount:
+        q.fxAmount = p.getNormalized();
+        break;
+    case VelmarinParameter::outputVolume:
+        q.outputVolume = p.getNormalized();
+        q.outputGain = q.outputVolume * q.outputVolume * outputGainScale;
+        break;
+    case VelmarinParameter::processingQuality:
+        applyQuality(p.getInt());
+        break;
+    default:
+        break; // the frequency read-out, and anything else: nothing to store
     }
 }
 
@@ -363,10 +409,10 @@ void VelmarinCore::setPosition(double ppq)
 void VelmarinCore::beginRun(bool bypassed)
 {
     const float preampExponent = q.preampDb * VelmarinLaw::dbToExponent;
-    controls.setTargets({ static_cast<float>(std::pow(10.0, static_cast<double>(preampExponent))), q.crossfade,
-                          q.offset.left(), q.offset.right(), q.depth.left(), q.depth.right(), q.gainLeft, q.gainRight,
-                          static_cast<float>(q.frequencyRange), q.feedback.left(), q.feedback.right(), q.fxAmount,
-                          q.feedbackCompensationLeft, q.feedbackCompensationRight, q.outputGain });
+    controls.setTargets({static_cast<float>(std::pow(10.0, static_cast<double>(preampExponent))), q.crossfade,
+                         q.offset.left(), q.offset.right(), q.depth.left(), q.depth.right(), q.gainLeft, q.gainRight,
+                         static_cast<float>(q.frequencyRange), q.feedback.left(), q.feedback.right(), q.fxAmount,
+                         q.feedbackCompensationLeft, q.feedbackCompensationRight, q.outputGain});
 
     if (bypassed)
         return;
@@ -378,8 +424,7 @@ void VelmarinCore::beginRun(bool bypassed)
     }
 }
 
-template <bool stereo>
-inline void VelmarinCore::stepLfos() noexcept
+template <bool stereo> inline void VelmarinCore::stepLfos() noexcept
 {
     float lfoOut = 0.0f;
     lfoLeft.next(lfoOut);
@@ -396,18 +441,17 @@ inline void VelmarinCore::stepLfos() noexcept
 inline double VelmarinCore::controlVoltage(int channel) const noexcept
 {
     const double lfo = channel == 0 ? lfoSmoothedLeft : lfoSmoothedRight;
-    return (controls.offset(channel) + controls.depth(channel) * lfo) * VelmarinLaw::voltageSpan
-           + VelmarinLaw::lowestVoltage;
+    return (controls.offset(channel) + controls.depth(channel) * lfo) * VelmarinLaw::voltageSpan +
+           VelmarinLaw::lowestVoltage;
 }
 
 inline double VelmarinCore::clockFrequency(double voltage) const noexcept
 {
-    return voltageToFrequency(voltage, q.voltageCurve) * static_cast<double>(controls.frequencyRange())
-           * lines[0].getStageScale();
+    return voltageToFrequency(voltage, q.voltageCurve) * static_cast<double>(controls.frequencyRange()) *
+           lines[0].getStageScale();
 }
 
-template <bool stereo>
-inline void VelmarinCore::armGate(const Pair& in) noexcept
+template <bool stereo> inline void VelmarinCore::armGate(const Pair& in) noexcept
 {
     gate.arm(0, in[0]);
     if constexpr (stereo)
@@ -420,11 +464,10 @@ inline VelmarinCore::TickSteps VelmarinCore::clock(double sampleRate, float& fre
     // The distance between two ticks, in host samples, per channel; the left clock is the read-out.
     const double frequencyLeft = clockFrequency(controlVoltage(0));
     frequency = static_cast<float>(frequencyLeft);
-    return { sampleRate / frequencyLeft, stereo ? sampleRate / clockFrequency(controlVoltage(1)) : 0.0 };
+    return {sampleRate / frequencyLeft, stereo ? sampleRate / clockFrequency(controlVoltage(1)) : 0.0};
 }
 
-template <bool stereo>
-inline void VelmarinCore::conditionInput(Pair& x) noexcept
+template <bool stereo> inline void VelmarinCore::conditionInput(Pair& x) noexcept
 {
     x[0] = conditioners[0].process(x[0]);
     if constexpr (stereo)
@@ -437,8 +480,7 @@ inline void VelmarinCore::conditionInput(Pair& x) noexcept
         x[1] = 0.0f;
 }
 
-template <bool stereo>
-inline void VelmarinCore::writeDry(const Pair& x) noexcept
+template <bool stereo> inline void VelmarinCore::writeDry(const Pair& x) noexcept
 {
     const int length = lines[0].getRingLength();
     dryRing[0].write(inputRingIndex, length, x[0]);
@@ -446,8 +488,7 @@ inline void VelmarinCore::writeDry(const Pair& x) noexcept
         dryRing[1].write(inputRingIndex, length, x[1]);
 }
 
-template <bool stereo>
-inline VelmarinCore::Pair VelmarinCore::drive(const Pair& x) const noexcept
+template <bool stereo> inline VelmarinCore::Pair VelmarinCore::drive(const Pair& x) const noexcept
 {
     // Preamp, M/S, crossfade, feedback, and the clipper around the bias.
     const float g = controls.preampGain();
@@ -465,28 +506,29 @@ inline VelmarinCore::Pair VelmarinCore::drive(const Pair& x) const noexcept
         const float c = controls.crossfade();
         const float left = a + (b - a) * c + feedbackSample[0] * controls.feedback(0) + lineBias;
         const float right = b + (a - b) * c + feedbackSample[1] * controls.feedback(1) + lineBias;
-        return { clipLineInput(left) - lineBias, clipLineInput(right) - lineBias };
+        return {clipLineInput(left) - lineBias, clipLineInput(right) - lineBias};
     }
     else
     {
-        return { clipLineInput(a + feedbackSample[0] * controls.feedback(0) + lineBias) - lineBias, 0.0f };
+        return {clipLineInput(a + feedbackSample[0] * controls.feedback(0) + lineBias) - lineBias, 0.0f};
     }
 }
 
 template <bool stereo, TickLoop loop>
 inline VelmarinCore::Pair VelmarinCore::runLines(const Pair& lineInput, const TickSteps& tickStep) noexcept
 {
-    Pair wet { 0.0f, 0.0f };
-    forEachChannel<stereo>([&](auto c) {
-        lines[c].push(inputRingIndex, lineInput[c]);
-        lines[c].template tick<loop>(tickStep[c], inputRingIndex, outputRingIndex);
-        wet[c] = lines[c].read(outputRingIndex);
-    });
+    Pair wet{0.0f, 0.0f};
+    forEachChannel<stereo>(
+        [&](auto c)
+        {
+            lines[c].push(inputRingIndex, lineInput[c]);
+            lines[c].template tick<loop>(tickStep[c], inputRingIndex, outputRingIndex);
+            wet[c] = lines[c].read(outputRingIndex);
+        });
     return wet;
 }
 
-template <bool stereo>
-inline VelmarinCore::Pair VelmarinCore::cutLow(Pair wet) noexcept
+template <bool stereo> inline VelmarinCore::Pair VelmarinCore::cutLow(Pair wet) noexcept
 {
     // The mono run carries the right lane's last input over.
     if (q.lowCutMode != 0)
@@ -498,49 +540,47 @@ inline VelmarinCore::Pair VelmarinCore::cutLow(Pair wet) noexcept
     return wet;
 }
 
-template <bool stereo>
-inline VelmarinCore::Pair VelmarinCore::tapWet(const Pair& cut) noexcept
+template <bool stereo> inline VelmarinCore::Pair VelmarinCore::tapWet(const Pair& cut) noexcept
 {
     // The low cut's output is the feedback at once; the mix hears it two samples later, after the
     // make-up shelf (auto mix) or the wet gains (plain mixer).
-    Pair w { 0.0f, 0.0f };
-    forEachChannel<stereo>([&](auto c) {
-        lines[c].storeWet(outputRingIndex, cut[c]);
-        feedbackSample[c] = cut[c];
-        w[c] = lines[c].wetTap(outputRingIndex);
-        if (q.autoMixMode)
+    Pair w{0.0f, 0.0f};
+    forEachChannel<stereo>(
+        [&](auto c)
         {
-            if (q.lowCutMode == 2)
-                w[c] = makeUp[c].process(w[c]);
-        }
-        else
-        {
-            w[c] *= controls.gain(static_cast<int>(c));
-        }
-    });
+            lines[c].storeWet(outputRingIndex, cut[c]);
+            feedbackSample[c] = cut[c];
+            w[c] = lines[c].wetTap(outputRingIndex);
+            if (q.autoMixMode)
+            {
+                if (q.lowCutMode == 2)
+                    w[c] = makeUp[c].process(w[c]);
+            }
+            else
+            {
+                w[c] *= controls.gain(static_cast<int>(c));
+            }
+        });
     return w;
 }
 
-template <bool stereo>
-inline VelmarinCore::Pair VelmarinCore::mixOutput(Pair w) const noexcept
+template <bool stereo> inline VelmarinCore::Pair VelmarinCore::mixOutput(Pair w) const noexcept
 {
     if constexpr (stereo)
     {
         if (q.msMode)
-            w = { w[0] + w[1], w[0] - w[1] };
+            w = {w[0] + w[1], w[0] - w[1]};
     }
 
     // The dry signal is the previous sample.
     const int dryIndex = inputRingIndex + lines[0].getRingLength() - 1;
-    Pair out { 0.0f, 0.0f };
-    forEachChannel<stereo>([&](auto c) {
-        out[c] = mix(static_cast<int>(c), w[c], dryRing[c].read(dryIndex)) * controls.outputGain();
-    });
+    Pair out{0.0f, 0.0f};
+    forEachChannel<stereo>(
+        [&](auto c) { out[c] = mix(static_cast<int>(c), w[c], dryRing[c].read(dryIndex)) * controls.outputGain(); });
     return out;
 }
 
-template <bool stereo>
-inline void VelmarinCore::fadeAndMeter(Pair out, float* outLeft, float* outRight, int n) noexcept
+template <bool stereo> inline void VelmarinCore::fadeAndMeter(Pair out, float* outLeft, float* outRight, int n) noexcept
 {
     out[0] = gate.fade(0, out[0]);
     outLeft[n] = out[0];
@@ -629,8 +669,8 @@ void VelmarinCore::run(const float* inLeft, const float* inRight, float* outLeft
         }
 
         // Both inputs are read before any output is written: the outputs may be the inputs.
-        Pair in { inLeft[n], stereo ? inRight[n] : 0.0f };
-        Pair out { 0.0f, 0.0f };
+        Pair in{inLeft[n], stereo ? inRight[n] : 0.0f};
+        Pair out{0.0f, 0.0f};
 
         armGate<stereo>(in);
         controls.step();
@@ -675,7 +715,7 @@ void VelmarinCore::runBypassed(const float* inLeft, const float* inRight, float*
     const int ringLength = lines[0].getRingLength();
     for (int n = 0; n < numSamples; ++n)
     {
-        const float in[2] = { inLeft[n], stereo ? inRight[n] : 0.0f };
+        const float in[2] = {inLeft[n], stereo ? inRight[n] : 0.0f};
         controls.step();
 
         const int dryIndex = inputRingIndex + ringLength - 1;

@@ -37,8 +37,8 @@ public:
     void parameterChanged(Parameter& parameter) override;
     void setTempo(double bpm) override;
     void setPosition(double ppq) override;
-    void processStereo(const float* inLeft, const float* inRight, float* outLeft, float* outRight,
-                       int numSamples, bool bypassed) override;
+    void processStereo(const float* inLeft, const float* inRight, float* outLeft, float* outRight, int numSamples,
+                       bool bypassed) override;
     void processMono(float* buffer, int numSamples, bool bypassed) override;
 
     /** The feedback compensation for a feedback amount x in 0..0.95, in single precision. */
@@ -94,7 +94,7 @@ public:
 
     /** Clock frequency of the left (or mid) line in the last run's last running sample; 0 when the
         run was bypassed or the gate was shut throughout. */
-    std::atomic<float> currentBbdFrequency { 0.0f };
+    std::atomic<float> currentBbdFrequency{0.0f};
 
 private:
     const SampleRateContext& rateContext() noexcept;
@@ -114,31 +114,20 @@ private:
     void beginRun(bool bypassed);
     double controlVoltage(int channel) const noexcept;
     double clockFrequency(double voltage) const noexcept;
-    template <bool stereo>
-    void stepLfos() noexcept;
+    template <bool stereo> void stepLfos() noexcept;
     // The steps of one running sample, in their order; channel 0 only in mono.
     using Pair = std::array<float, 2>;
     using TickSteps = std::array<double, 2>;
-    template <bool stereo>
-    void armGate(const Pair& in) noexcept;
-    template <bool stereo>
-    TickSteps clock(double sampleRate, float& frequency) const noexcept;
-    template <bool stereo>
-    void conditionInput(Pair& x) noexcept;
-    template <bool stereo>
-    void writeDry(const Pair& x) noexcept;
-    template <bool stereo>
-    Pair drive(const Pair& x) const noexcept;
-    template <bool stereo, TickLoop loop>
-    Pair runLines(const Pair& lineInput, const TickSteps& tickStep) noexcept;
-    template <bool stereo>
-    Pair cutLow(Pair wet) noexcept;
-    template <bool stereo>
-    Pair tapWet(const Pair& cut) noexcept;
-    template <bool stereo>
-    Pair mixOutput(Pair w) const noexcept;
-    template <bool stereo>
-    void fadeAndMeter(Pair out, float* outLeft, float* outRight, int n) noexcept;
+    template <bool stereo> void armGate(const Pair& in) noexcept;
+    template <bool stereo> TickSteps clock(double sampleRate, float& frequency) const noexcept;
+    template <bool stereo> void conditionInput(Pair& x) noexcept;
+    template <bool stereo> void writeDry(const Pair& x) noexcept;
+    template <bool stereo> Pair drive(const Pair& x) const noexcept;
+    template <bool stereo, TickLoop loop> Pair runLines(const Pair& lineInput, const TickSteps& tickStep) noexcept;
+    template <bool stereo> Pair cutLow(Pair wet) noexcept;
+    template <bool stereo> Pair tapWet(const Pair& cut) noexcept;
+    template <bool stereo> Pair mixOutput(Pair w) const noexcept;
+    template <bool stereo> void fadeAndMeter(Pair out, float* outLeft, float* outRight, int n) noexcept;
     float mix(int channel, float wet, float dry) const noexcept;
     void advanceRings() noexcept;
     void endRun(float frequency, bool mono) noexcept;
@@ -155,7 +144,7 @@ private:
     void runBypassed(const float* inLeft, const float* inRight, float* outLeft, float* outRight, int numSamples);
 
     Quantities q;
-    SampleRateContext fallbackContext;  // 44100 Hz, until the plug-in hands over its own
+    SampleRateContext fallbackContext; // 44100 Hz, until the plug-in hands over its own
     SampleRateContext doubleRateContext;
 
     // Modulation.
@@ -168,21 +157,21 @@ private:
     SilenceGate gate;
 
     // The lines, their tables and the dry ring, which shares the lines' input ring index.
-    StepTable stepTable {};
+    StepTable stepTable{};
     std::array<SincTable, 4> sincTables;
     std::array<BbdLine, 2> lines;
-    std::array<TripleRing, 2> dryRing {};
+    std::array<TripleRing, 2> dryRing{};
     int inputRingIndex = 0;
     int outputRingIndex = 0;
 
     // Filters and conditioning.
-    std::array<InputConditioner, 2> conditioners {};
+    std::array<InputConditioner, 2> conditioners{};
     StereoBiquad inputLowPass;
     StereoBiquad lowCut;
-    std::array<LowEndMakeUp, 2> makeUp {};
-    std::array<float, 2> feedbackSample {};
+    std::array<LowEndMakeUp, 2> makeUp{};
+    std::array<float, 2> feedbackSample{};
 
-    std::array<PeakMeter, 2> meters {};
+    std::array<PeakMeter, 2> meters{};
 
     TickLoop tickLoop = TickLoop::fast;
     bool shutShortcut = true;

@@ -49,7 +49,8 @@ bool isWellFormedUtf8(const uint8_t* text, size_t size)
 /** UTF-16 after its byte order mark, up to the first zero unit; empty for a lone surrogate. */
 juce::String decodeUtf16(const uint8_t* bytes, size_t size, bool bigEndian)
 {
-    const auto unitAt = [&](size_t at) {
+    const auto unitAt = [&](size_t at)
+    {
         return bigEndian ? (static_cast<uint32_t>(bytes[at]) << 8) | bytes[at + 1]
                          : (static_cast<uint32_t>(bytes[at + 1]) << 8) | bytes[at];
     };

@@ -35,7 +35,7 @@ protected:
     void setTextGeneric(const juce::String& text, bool notify);
 
 private:
-    std::atomic<int> value { 0 };
+    std::atomic<int> value{0};
 };
 
 /** A switch shown as "On"/"Off"; setText first tries "on" and "off" ignoring case. */

@@ -1,14 +1,9 @@
 #include "EnumParameter.h"
 
-EnumParameter::EnumParameter(int newIndex, const juce::String& newName)
-    : IntParameter(newIndex, newName, 0, 0, 0)
-{
-}
+EnumParameter::EnumParameter(int newIndex, const juce::String& newName) : IntParameter(newIndex, newName, 0, 0, 0) {}
 
 EnumParameter::EnumParameter(const EnumParameter& source, int newIndex, const juce::String& newName)
-    : IntParameter(source, newIndex, newName),
-      items(source.items),
-      itemsText(source.itemsText)
+    : IntParameter(source, newIndex, newName), items(source.items), itemsText(source.itemsText)
 {
 }
 

@@ -55,9 +55,18 @@ void EventsMap::readXml(const juce::XmlElement& root)
 void EventsMap::addBuiltInEvents()
 {
     static const char* const names[] = {
-        "Options",           "About",                 "Select Next Preset",      "Select Previous Preset",
-        "Browse Presets",    "Save Preset",           "Save preset as",          "Copy current preset",
-        "Paste copied preset", "Store current preset", "Toggle Midi Learn",      "Restore Default Preset",
+        "Options",
+        "About",
+        "Select Next Preset",
+        "Select Previous Preset",
+        "Browse Presets",
+        "Save Preset",
+        "Save preset as",
+        "Copy current preset",
+        "Paste copied preset",
+        "Store current preset",
+        "Toggle Midi Learn",
+        "Restore Default Preset",
         "Restore Current Preset",
     };
     int uid = 1000;

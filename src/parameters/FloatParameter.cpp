@@ -3,9 +3,7 @@
 #include <algorithm>
 
 FloatParameter::FloatParameter(int newIndex, const juce::String& newName, float a, float b, float initialValue)
-    : Parameter(newIndex, newName),
-      minimum(std::min(a, b)),
-      maximum(std::max(a, b))
+    : Parameter(newIndex, newName), minimum(std::min(a, b)), maximum(std::max(a, b))
 {
     float v = initialValue;
     if (v < a)
@@ -17,9 +15,7 @@ FloatParameter::FloatParameter(int newIndex, const juce::String& newName, float 
 }
 
 FloatParameter::FloatParameter(const FloatParameter& source, int newIndex, const juce::String& newName)
-    : Parameter(source, newIndex, newName),
-      minimum(source.minimum),
-      maximum(source.maximum)
+    : Parameter(source, newIndex, newName), minimum(source.minimum), maximum(source.maximum)
 {
     value.store(source.value.load());
 }

@@ -45,6 +45,6 @@ private:
 
     float minimum;
     float maximum;
-    std::atomic<float> value { 0.0f };
-    std::atomic<float> normalized { 0.0f };
+    std::atomic<float> value{0.0f};
+    std::atomic<float> normalized{0.0f};
 };

@@ -3,17 +3,13 @@
 #include <cmath>
 
 IntParameter::IntParameter(int newIndex, const juce::String& newName, int newMinimum, int newMaximum, int initialValue)
-    : Parameter(newIndex, newName),
-      minimum(newMinimum),
-      maximum(newMaximum)
+    : Parameter(newIndex, newName), minimum(newMinimum), maximum(newMaximum)
 {
     value.store(clampToBounds(initialValue));
 }
 
 IntParameter::IntParameter(const IntParameter& source, int newIndex, const juce::String& newName)
-    : Parameter(source, newIndex, newName),
-      minimum(source.minimum),
-      maximum(source.maximum)
+    : Parameter(source, newIndex, newName), minimum(source.minimum), maximum(source.maximum)
 {
     value.store(source.value.load());
 }

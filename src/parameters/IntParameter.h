@@ -44,5 +44,5 @@ private:
 
     int minimum;
     int maximum;
-    std::atomic<int> value { 0 };
+    std::atomic<int> value{0};
 };

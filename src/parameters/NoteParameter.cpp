@@ -3,8 +3,8 @@
 namespace
 {
 // Pitch classes of the natural notes A..G.
-constexpr int naturalPitchClass[] = { 9, 11, 0, 2, 4, 5, 7 };
-constexpr const char* pitchNames[] = { "C-", "C#", "D-", "D#", "E-", "F-", "F#", "G-", "G#", "A-", "A#", "B-" };
+constexpr int naturalPitchClass[] = {9, 11, 0, 2, 4, 5, 7};
+constexpr const char* pitchNames[] = {"C-", "C#", "D-", "D#", "E-", "F-", "F#", "G-", "G#", "A-", "A#", "B-"};
 } // namespace
 
 NoteParameter::NoteParameter(int newIndex, const juce::String& newName, int initialValue)

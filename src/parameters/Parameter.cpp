@@ -5,17 +5,10 @@
 #include <cmath>
 #include <limits>
 
-Parameter::Parameter(int newIndex, const juce::String& newName)
-    : index(newIndex), name(newName)
-{
-}
+Parameter::Parameter(int newIndex, const juce::String& newName) : index(newIndex), name(newName) {}
 
 Parameter::Parameter(const Parameter& source, int newIndex, const juce::String& newName)
-    : formatter(source.formatter),
-      index(newIndex),
-      name(newName),
-      automatable(source.automatable),
-      meta(source.meta),
+    : formatter(source.formatter), index(newIndex), name(newName), automatable(source.automatable), meta(source.meta),
       format(source.format)
 {
 }
@@ -27,8 +20,7 @@ Parameter::~Parameter()
 
 // Walks a listener list from the last entry to the first. The position is re-checked against the
 // list's size before every call, so a listener may remove itself (or others) while it is called.
-template <typename Call>
-void Parameter::walkBackwards(juce::Array<Listener*>& list, Call&& call)
+template <typename Call> void Parameter::walkBackwards(juce::Array<Listener*>& list, Call&& call)
 {
     for (int i = list.size() - 1; i >= 0; --i)
     {
@@ -77,7 +69,8 @@ juce::String kilo(int i, int places, const juce::String& suffix)
 juce::String Parameter::getDisplayText() const
 {
     // Signed numbers: exactly 0 shows as "0" without decimals, negatives carry their own sign.
-    const auto signedText = [this](const juce::String& number) {
+    const auto signedText = [this](const juce::String& number)
+    {
         const float f = getFloat();
         if (f == 0.0f)
             return "0" + unit;
@@ -86,41 +79,52 @@ juce::String Parameter::getDisplayText() const
 
     switch (format)
     {
-        case 0: return formatter != nullptr ? formatter->format(*this) : getText() + unit;
-        case 1: return juce::String(getInt()) + unit;
-        case 2: return decimals(getFloat(), 1) + unit;
-        case 3: return decimals(getFloat(), 2) + unit;
-        case 4: return signedText(juce::String(getInt()));
-        case 5: return signedText(decimals(getFloat(), 1));
-        case 6: return signedText(decimals(getFloat(), 2));
-        case 7: return signedText(decimals(getFloat(), 3));
-        case 8:
-            if (getNormalized() < 1e-8f)
-                return "-inf.";
-            return signedText(decimals(getFloat(), 1));
-        case 9: return kilo(getInt(), 1, unit);
-        case 10: return kilo(getInt(), 2, unit);
-        case 11:
-        {
-            const float f = getFloat();
-            if (f < 1000.0f)
-                return juce::String(truncateToInt(f)) + unit;
-            return decimals(f * 0.001f, 0) + "k" + unit;
-        }
-        case 12:
-        case 13:
-        {
-            const int i = getInt();
-            if (i / 10 < 100)
-                return juce::String(i) + unit;
-            return kilo(i, format == 12 ? 1 : 2, "k" + unit);
-        }
-        case 14:
-        {
-            const int a = truncateToInt(getNormalized() * 100.0f);
-            return juce::String(100 - a) + "/" + juce::String(a) + unit;
-        }
-        default: return {};
+    case 0:
+        return formatter != nullptr ? formatter->format(*this) : getText() + unit;
+    case 1:
+        return juce::String(getInt()) + unit;
+    case 2:
+        return decimals(getFloat(), 1) + unit;
+    case 3:
+        return decimals(getFloat(), 2) + unit;
+    case 4:
+        return signedText(juce::String(getInt()));
+    case 5:
+        return signedText(decimals(getFloat(), 1));
+    case 6:
+        return signedText(decimals(getFloat(), 2));
+    case 7:
+        return signedText(decimals(getFloat(), 3));
+    case 8:
+        if (getNormalized() < 1e-8f)
+            return "-inf.";
+        return signedText(decimals(getFloat(), 1));
+    case 9:
+        return kilo(getInt(), 1, unit);
+    case 10:
+        return kilo(getInt(), 2, unit);
+    case 11:
+    {
+        const float f = getFloat();
+        if (f < 1000.0f)
+            return juce::String(truncateToInt(f)) + unit;
+        return decimals(f * 0.001f, 0) + "k" + unit;
+    }
+    case 12:
+    case 13:
+    {
+        const int i = getInt();
+        if (i / 10 < 100)
+            return juce::String(i) + unit;
+        return kilo(i, format == 12 ? 1 : 2, "k" + unit);
+    }
+    case 14:
+    {
+        const int a = truncateToInt(getNormalized() * 100.0f);
+        return juce::String(100 - a) + "/" + juce::String(a) + unit;
+    }
+    default:
+        return {};
     }
 }
 

@@ -106,8 +106,7 @@ protected:
     static std::optional<double> finiteValueOf(const juce::String& text);
 
 private:
-    template <typename Call>
-    static void walkBackwards(juce::Array<Listener*>& list, Call&& call);
+    template <typename Call> static void walkBackwards(juce::Array<Listener*>& list, Call&& call);
 
     ParameterFormatter* formatter = nullptr;
     int index = -1;
@@ -118,7 +117,7 @@ private:
     int format = 0;
     juce::Array<Listener*> listeners;
     juce::Array<Listener*> asyncListeners;
-    std::atomic<int> gestureActive { 0 };
+    std::atomic<int> gestureActive{0};
 
     JUCE_DECLARE_NON_COPYABLE(Parameter)
 };

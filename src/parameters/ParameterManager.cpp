@@ -15,8 +15,8 @@ namespace
 constexpr int lookupSlots = 10000;
 
 const char* const formatWords[] = {
-    "integer",       "decimal_nosign.1", "decimal_nosign.2", "decimal",          "decimal.1",
-    "decimal.2",     "decimal.3",        "decimal.1-inf",    "decimalKilo.1",    "decimalKilo.2",
+    "integer",       "decimal_nosign.1", "decimal_nosign.2", "decimal",       "decimal.1",
+    "decimal.2",     "decimal.3",        "decimal.1-inf",    "decimalKilo.1", "decimalKilo.2",
     "decimalOrKilo", "decimalOrKilo.1",  "decimalOrKilo.2",  "crossfade",
 };
 } // namespace
@@ -47,7 +47,8 @@ bool ParameterManager::isParameterVisible(int)
     return true;
 }
 
-FloatParameter* ParameterManager::createFloatParameter(int index, const juce::String& name, float minimum, float maximum, float value)
+FloatParameter* ParameterManager::createFloatParameter(int index, const juce::String& name, float minimum,
+                                                       float maximum, float value)
 {
     return new FloatParameter(index, name, minimum, maximum, value);
 }
@@ -108,8 +109,7 @@ Parameter* ParameterManager::createRow(const juce::XmlElement& row)
     Parameter* p = nullptr;
     if (type == "float")
     {
-        p = createFloatParameter(index, name,
-                                 static_cast<float>(row.getDoubleAttribute("min", 0.0)),
+        p = createFloatParameter(index, name, static_cast<float>(row.getDoubleAttribute("min", 0.0)),
                                  static_cast<float>(row.getDoubleAttribute("max", 1.0)),
                                  static_cast<float>(value.getDoubleValue()));
     }

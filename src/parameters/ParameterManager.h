@@ -30,7 +30,8 @@ public:
         it is there for products whose editors hide internal values. */
     virtual bool isParameterVisible(int index);
     /** Makes the parameter of a `float` row; a product may return a subclass with a taper. */
-    virtual FloatParameter* createFloatParameter(int index, const juce::String& name, float minimum, float maximum, float value);
+    virtual FloatParameter* createFloatParameter(int index, const juce::String& name, float minimum, float maximum,
+                                                 float value);
     /** The formatter for a parameter index, or null for the generic display. */
     virtual ParameterFormatter* getFormatter(int index);
 

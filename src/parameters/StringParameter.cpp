@@ -1,14 +1,12 @@
 #include "StringParameter.h"
 
 StringParameter::StringParameter(int newIndex, const juce::String& newName, const juce::String& initialValue)
-    : Parameter(newIndex, newName),
-      value(initialValue)
+    : Parameter(newIndex, newName), value(initialValue)
 {
 }
 
 StringParameter::StringParameter(const StringParameter& source, int newIndex, const juce::String& newName)
-    : Parameter(source, newIndex, newName),
-      value(source.getText())
+    : Parameter(source, newIndex, newName), value(source.getText())
 {
 }
 

@@ -1,36 +1,32 @@
 #include "BasePlugin.h"
 
+#include "FolderRule.h"
+#include "InternalParameters.h"
+#include "PluginAudioProcessor.h"
+#include "content/PresetsContent.h"
+#include "engine/NonFiniteGuard.h"
+#include "io/SafeFile.h"
+#include "io/XmlInput.h"
 #include "parameters/BoolParameter.h"
 #include "parameters/FloatParameter.h"
 #include "parameters/IntParameter.h"
 #include "parameters/PluginResources.h"
 #include "parameters/StringParameter.h"
 #include "parameters/ValueText.h"
-#include "content/PresetsContent.h"
-#include "io/XmlInput.h"
-#include "io/SafeFile.h"
-#include "engine/NonFiniteGuard.h"
-#include "FolderRule.h"
-#include "InternalParameters.h"
-#include "PluginAudioProcessor.h"
 
 #include <algorithm>
 #include <cmath>
 
 BasePlugin::BasePlugin(ParameterManager* manager, PluginResources productResources, const FolderRule& folders)
-    : folderRule(folders),
-      parameters(manager),
-      hostMap(*manager, [this] { return getHostParameterCount(); },
-              [this]
-              {
-                  if (processor != nullptr)
-                      processor->updateHostDisplay(juce::AudioProcessor::ChangeDetails().withParameterInfoChanged(true));
-              }),
-      settings(*manager),
-      stateChunk(*manager),
-      midiMap(*manager),
-      resources(productResources),
-      presetSlots(*manager)
+    : folderRule(folders), parameters(manager),
+      hostMap(
+          *manager, [this] { return getHostParameterCount(); },
+          [this]
+          {
+              if (processor != nullptr)
+                  processor->updateHostDisplay(juce::AudioProcessor::ChangeDetails().withParameterInfoChanged(true));
+          }),
+      settings(*manager), stateChunk(*manager), midiMap(*manager), resources(productResources), presetSlots(*manager)
 {
     sampleRateContext.set(44100.0);
 
@@ -58,23 +54,26 @@ void BasePlugin::addInternalParameters()
 
     // Added in this order on purpose: the two live settings first, then the user's defaults.
     const std::pair<int, const char*> clones[] = {
-        { InternalParameters::realtimeQuality, "Real-time Processing Quality" },
-        { InternalParameters::offlineQuality, "Offline Processing Quality" },
-        { InternalParameters::defaultRealtimeQuality, "Default Real-time Processing Quality" },
-        { InternalParameters::defaultOfflineQuality, "Default Offline Processing Quality" },
+        {InternalParameters::realtimeQuality, "Real-time Processing Quality"},
+        {InternalParameters::offlineQuality, "Offline Processing Quality"},
+        {InternalParameters::defaultRealtimeQuality, "Default Real-time Processing Quality"},
+        {InternalParameters::defaultOfflineQuality, "Default Offline Processing Quality"},
     };
     for (const auto& [index, name] : clones)
         parameters->addParameter(qualityParameter->clone(index, name));
 
-    realtimeQualityParameter = dynamic_cast<EnumParameter*>(parameters->getParameter(InternalParameters::realtimeQuality));
-    offlineQualityParameter = dynamic_cast<EnumParameter*>(parameters->getParameter(InternalParameters::offlineQuality));
+    realtimeQualityParameter =
+        dynamic_cast<EnumParameter*>(parameters->getParameter(InternalParameters::realtimeQuality));
+    offlineQualityParameter =
+        dynamic_cast<EnumParameter*>(parameters->getParameter(InternalParameters::offlineQuality));
 }
 
 void BasePlugin::addDebugParameters()
 {
     for (int i = 0; i < InternalParameters::numDebugParameters; ++i)
     {
-        auto* p = new FloatParameter(InternalParameters::firstDebugParameter + i, "Debug Parameter " + juce::String(i), 0.0f, 1.0f, 0.0f);
+        auto* p = new FloatParameter(InternalParameters::firstDebugParameter + i, "Debug Parameter " + juce::String(i),
+                                     0.0f, 1.0f, 0.0f);
         if (parameters->addParameter(p) == 1)
             p->addListener(this);
     }
@@ -174,7 +173,7 @@ void BasePlugin::finishInitialisation()
     {
         changeDetector = std::make_unique<PresetChangeDetector>(presetSlots.getSlot(0).ranges, *parameters);
         userPresets = std::make_unique<PresetsDirectoryContent<Preset>>("User", presetHost, 0, getUserPresetsFolder(),
-                                                                         getPresetFileExtension());
+                                                                        getPresetFileExtension());
     }
 
     parameters->captureDefaults();
@@ -242,11 +241,11 @@ void BasePlugin::writeUserSettings()
     const auto root = settings.createXml(getCodeName(), qualityParameter != nullptr);
     writeExtraUserSettings(*root);
     // The last instance to close wins; a failed write is not reported (the next teardown tries again).
-    (void) SafeFile::writeXml(getUserSettingsFile(), *root);
+    (void)SafeFile::writeXml(getUserSettingsFile(), *root);
 
     if (wantsStateDump())
         if (const auto state = createState())
-            (void) SafeFile::writeXml(getStateDumpFile(), *state);
+            (void)SafeFile::writeXml(getStateDumpFile(), *state);
 }
 
 void BasePlugin::updateLatency()
@@ -585,8 +584,8 @@ void BasePlugin::clearHostMap()
 
 bool BasePlugin::isHostMapFor(const juce::XmlElement* element)
 {
-    return element != nullptr && element->getTagName().equalsIgnoreCase("HostParametersMap")
-        && element->getStringAttribute("name").equalsIgnoreCase(getCodeName());
+    return element != nullptr && element->getTagName().equalsIgnoreCase("HostParametersMap") &&
+           element->getStringAttribute("name").equalsIgnoreCase(getCodeName());
 }
 
 void BasePlugin::readHostMapXml(const juce::XmlElement& root)

@@ -9,14 +9,6 @@
 // the hooks a product overrides stay here. MarrowgateEffect adds the DSP core and the block driver;
 // Velmarin answers the product's constants.
 
-#include "content/Preset.h"
-#include "content/ContentSource.h"
-#include "content/PresetChangeDetector.h"
-#include "content/PresetHost.h"
-#include "engine/SampleRateContext.h"
-#include "parameters/EnumParameter.h"
-#include "parameters/EventsMap.h"
-#include "parameters/ParameterManager.h"
 #include "FolderRule.h"
 #include "HostParameterMap.h"
 #include "MidiControlMap.h"
@@ -25,6 +17,14 @@
 #include "SoftwareDesignation.h"
 #include "StateChunk.h"
 #include "UserSettings.h"
+#include "content/ContentSource.h"
+#include "content/Preset.h"
+#include "content/PresetChangeDetector.h"
+#include "content/PresetHost.h"
+#include "engine/SampleRateContext.h"
+#include "parameters/EnumParameter.h"
+#include "parameters/EventsMap.h"
+#include "parameters/ParameterManager.h"
 
 #include <atomic>
 
@@ -68,7 +68,7 @@ public:
     /** Sets every parameter of the slot from the preset, and those it lacks from the default preset. */
     virtual void applyPreset(const Preset* preset, int slot, bool remember);
     virtual void setPresetName(const juce::String& name, int slot);
-    virtual void afterPresetLoaded(int slot) { (void) slot; }
+    virtual void afterPresetLoaded(int slot) { (void)slot; }
     virtual juce::String getPresetName(int slot);
     virtual juce::String getDefaultTagCategories() { return {}; }
     virtual const Preset* getDefaultPreset(int slot);
@@ -76,9 +76,9 @@ public:
     virtual std::unique_ptr<juce::XmlElement> createParametersStateXml();
     virtual void restoreParametersState(const juce::XmlElement& element);
     virtual void createCore() {}
-    virtual void prepare(bool rateChanged, bool blockChanged) { (void) rateChanged, (void) blockChanged; }
+    virtual void prepare(bool rateChanged, bool blockChanged) { (void)rateChanged, (void)blockChanged; }
     virtual void release() {}
-    virtual void process(ProcessContext& context) { (void) context; }
+    virtual void process(ProcessContext& context) { (void)context; }
     virtual bool wantsTransport() { return false; }
     virtual bool wantsStateDump() { return false; }
     /** The editor for the host's window, or null when the product has none. */
@@ -101,8 +101,8 @@ public:
     // User settings: one XML file per user, read at start-up and written at teardown.
     virtual juce::File getUserSettingsFile();
     virtual bool isUserSettings(const juce::XmlElement& element);
-    virtual void readExtraUserSettings(const juce::XmlElement& element) { (void) element; }
-    virtual void writeExtraUserSettings(juce::XmlElement& element) { (void) element; }
+    virtual void readExtraUserSettings(const juce::XmlElement& element) { (void)element; }
+    virtual void writeExtraUserSettings(juce::XmlElement& element) { (void)element; }
     virtual void userSettingsRead() {}
 
     // SoftwareDesignation answers shared by every product.
@@ -173,7 +173,11 @@ public:
     bool isPresetChanged();
     /** Takes the present values as the slot's unchanged state. */
     void resetChangeDetector(int slot);
-    virtual PresetChangeDetector* getChangeDetector(int slot) { (void) slot; return changeDetector.get(); }
+    virtual PresetChangeDetector* getChangeDetector(int slot)
+    {
+        (void)slot;
+        return changeDetector.get();
+    }
 
     // The host's numbered list of parameters.
     int getNumParameters() { return getHostParameterCount(); }
@@ -234,7 +238,7 @@ public:
 
 protected:
     SampleRateContext sampleRateContext;
-    std::atomic<int> prepared { 0 };
+    std::atomic<int> prepared{0};
 
 private:
     void addInternalParameters();
@@ -243,12 +247,12 @@ private:
     void setUpDirectories();
     juce::File getStateDumpFile() const;
 
-    std::atomic<int> nonRealtime { 0 };
+    std::atomic<int> nonRealtime{0};
     juce::File pluginFile;
     FolderRule folderRule;
     juce::File userDirectory;
     juce::File dataDirectory;
-    juce::HashMap<juce::String, juce::File> directories { 101 };
+    juce::HashMap<juce::String, juce::File> directories{101};
     std::unique_ptr<ParameterManager> parameters;
 
     /** The adapter the stores hold: forwards their three questions to this plug-in. */
@@ -263,7 +267,7 @@ private:
     private:
         BasePlugin& plugin;
     };
-    StoreAdapter presetHost { *this };
+    StoreAdapter presetHost{*this};
 
     /** The host list's length when the product does not answer its own: 128, then the number of
         parameters the default map places. */
@@ -272,7 +276,7 @@ private:
     UserSettings settings;
     StateChunk stateChunk;
     MidiControlMap midiMap;
-    std::atomic<int> midiActivity { 0 };
+    std::atomic<int> midiActivity{0};
 
     EventsMap events;
     PluginResources resources;
@@ -284,7 +288,7 @@ private:
 
     int maximumBlockSize = 0;
     bool everPrepared = false;
-    std::atomic<bool> closing { false };
+    std::atomic<bool> closing{false};
     // Declared last: they hold parameters and the plug-in, so they go first.
     std::unique_ptr<ContentSource> userPresets;
     std::unique_ptr<PresetChangeDetector> changeDetector;

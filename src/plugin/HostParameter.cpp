@@ -1,8 +1,8 @@
 #include "HostParameter.h"
 
+#include "BasePlugin.h"
 #include "parameters/BoolParameter.h"
 #include "parameters/IntParameter.h"
-#include "BasePlugin.h"
 
 HostParameter::HostParameter(BasePlugin& owner, int index)
     : juce::AudioProcessorParameterWithID(idFor(index), idFor(index)), plugin(owner), hostIndex(index)

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "engine/MarrowgateEffectCore.h"
 #include "BasePlugin.h"
 #include "MidiEventQueue.h"
+#include "engine/MarrowgateEffectCore.h"
 
 /** The effect family's plug-in: owns the DSP core, its lock and the MIDI queue, and cuts each block
     into runs at MIDI Control Change events so that a controller takes effect at its exact sample.
@@ -48,5 +48,5 @@ private:
     MidiEventQueue midiQueue;
     juce::CriticalSection coreLock;
     std::unique_ptr<MarrowgateEffectCore> core;
-    std::atomic<float> hostTempo { 120.0f };
+    std::atomic<float> hostTempo{120.0f};
 };

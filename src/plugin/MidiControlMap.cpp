@@ -4,8 +4,7 @@
 #include "io/XmlInput.h"
 #include "parameters/ParameterManager.h"
 
-MidiControlMap::MidiControlMap(ParameterManager& manager)
-    : parameters(manager)
+MidiControlMap::MidiControlMap(ParameterManager& manager) : parameters(manager)
 {
     for (auto& entry : table)
         entry.store(nullptr);
@@ -104,10 +103,11 @@ bool MidiControlMap::readXml(const juce::XmlElement* element)
 {
     if (element == nullptr)
         return false;
-    if (! element->getTagName().equalsIgnoreCase("MidiControlMap") && ! element->getTagName().equalsIgnoreCase("MidiCCMap"))
+    if (! element->getTagName().equalsIgnoreCase("MidiControlMap") &&
+        ! element->getTagName().equalsIgnoreCase("MidiCCMap"))
         return false;
-    if (name.isNotEmpty() && ! element->getStringAttribute("name").equalsIgnoreCase(name)
-        && ! element->getStringAttribute("application").equalsIgnoreCase(name))
+    if (name.isNotEmpty() && ! element->getStringAttribute("name").equalsIgnoreCase(name) &&
+        ! element->getStringAttribute("application").equalsIgnoreCase(name))
         return false;
 
     for (auto& entry : table)

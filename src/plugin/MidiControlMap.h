@@ -72,16 +72,16 @@ private:
     ParameterManager& parameters;
     juce::Array<Listener*> listeners;
     juce::String name;
-    std::atomic<int> activity { 0 };
-    std::atomic<Parameter*> learnParameter { nullptr };
-    std::array<std::atomic<Parameter*>, numControllers> table {};
+    std::atomic<int> activity{0};
+    std::atomic<Parameter*> learnParameter{nullptr};
+    std::array<std::atomic<Parameter*>, numControllers> table{};
 
     // Audio thread only.
     Parameter* learnedParameter = nullptr;
     int learnedController = -1;
     Parameter* displaced = nullptr;
 
-    std::array<Parameter*, numControllers> backup {};
+    std::array<Parameter*, numControllers> backup{};
 
     JUCE_DECLARE_NON_COPYABLE(MidiControlMap)
 };

@@ -5,8 +5,7 @@ namespace
 constexpr int reservedBytes = 8192;
 }
 
-MidiEventQueue::MidiEventQueue()
-    : iterator(buffers[0].begin())
+MidiEventQueue::MidiEventQueue() : iterator(buffers[0].begin())
 {
     for (auto& b : buffers)
         b.ensureSize(reservedBytes);

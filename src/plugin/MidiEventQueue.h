@@ -22,7 +22,11 @@ public:
     /** The waiting event; valid after peek returned true. */
     const juce::MidiMessageMetadata& current() const noexcept { return waiting; }
     /** Marks the waiting event as consumed. */
-    void consume() noexcept { eventWaiting = false; waitingPosition = -1; }
+    void consume() noexcept
+    {
+        eventWaiting = false;
+        waitingPosition = -1;
+    }
     /** Keeps only the events at or beyond numSamples, moved back by numSamples. */
     void carryOver(int numSamples);
     /** Number of events held, read or not. */

@@ -87,7 +87,8 @@ void PluginAudioProcessor::changeListenerCallback(juce::ChangeBroadcaster*)
 HostParameter* PluginAudioProcessor::getHostParameterObject(int hostIndex) const
 {
     const auto& list = getParameters();
-    return hostIndex >= 0 && hostIndex < list.size() ? dynamic_cast<HostParameter*>(list.getUnchecked(hostIndex)) : nullptr;
+    return hostIndex >= 0 && hostIndex < list.size() ? dynamic_cast<HostParameter*>(list.getUnchecked(hostIndex))
+                                                     : nullptr;
 }
 
 void PluginAudioProcessor::sendParameterValueToHost(int hostIndex, float normalizedValue)

@@ -1,7 +1,7 @@
 #include "StateChunk.h"
 
-#include "io/XmlInput.h"
 #include "InternalParameters.h"
+#include "io/XmlInput.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 

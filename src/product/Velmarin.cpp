@@ -1,10 +1,10 @@
 #include "Velmarin.h"
 
-#include "engine/FrequencyReadout.h"
-#include "engine/VelmarinCore.h"
 #include "ProductPackageKey.h"
 #include "VelmarinParameterManager.h"
 #include "VelmarinResources.h"
+#include "engine/FrequencyReadout.h"
+#include "engine/VelmarinCore.h"
 
 Velmarin::Velmarin(const FolderRule& folders)
     : MarrowgateEffect(new VelmarinParameterManager(), getResources(), folders)

@@ -11,8 +11,7 @@ int floorRound(float x)
 }
 
 /** Rounds halves away from zero, in the precision of its argument. */
-template <typename Real>
-Real awayRound(Real x)
+template <typename Real> Real awayRound(Real x)
 {
     return x >= Real(0) ? std::trunc(x + Real(0.5)) : std::trunc(x - Real(0.5));
 }
@@ -34,12 +33,20 @@ int masterOf(int index)
 {
     switch (index)
     {
-        case 4: return 5;    // Delay Offset R/S: Delay Offset Link
-        case 7: return 10;   // LFO Rate R/S: LFO Rate Link
-        case 12: return 13;  // LFO Depth R/S: LFO Depth Link
-        case 15: return 16;  // Feedback R/S: Feedback Link
-        case 23: case 24: case 26: return 25; // gains and FX Amount: Mistress Auto Mix Mode
-        default: return -1;
+    case 4:
+        return 5; // Delay Offset R/S: Delay Offset Link
+    case 7:
+        return 10; // LFO Rate R/S: LFO Rate Link
+    case 12:
+        return 13; // LFO Depth R/S: LFO Depth Link
+    case 15:
+        return 16; // Feedback R/S: Feedback Link
+    case 23:
+    case 24:
+    case 26:
+        return 25; // gains and FX Amount: Mistress Auto Mix Mode
+    default:
+        return -1;
     }
 }
 } // namespace
@@ -56,38 +63,51 @@ juce::String VelmarinParameterManager::format(const Parameter& parameter)
     const float n = std::isnan(normalized) ? 0.0f : normalized;
     switch (index)
     {
-        case 0:
+    case 0:
+    {
+        const float x = n * 24.0f;
+        return (x > 0.0f ? "+" : "") + juce::String(static_cast<double>(x), 1) + "dB";
+    }
+    case 2:
+        return splitText(n, "%");
+    case 3:
+    case 4:
+    case 11:
+    case 12:
+    case 23:
+    case 24:
+        return percentText(n);
+    case 6:
+    case 7:
+    {
+        const double hertz = std::exp(static_cast<double>(n) * 7.37626162510092) * 0.025037454253099462;
+        return juce::String(awayRound(hertz * 1000.0) * 0.001, 0) + "Hz";
+    }
+    case 14:
+    case 15:
+    {
+        const auto p = static_cast<int>(awayRound((n * 1.9f - 0.95f) * 105.26316f));
+        return (p > 0 ? "+" : "") + juce::String(p) + "%";
+    }
+    case 18:
+        return juce::String(static_cast<int>(awayRound(n * 180.0f))) + " deg";
+    case 21:
+        return "x " + juce::String(static_cast<int>(n * 5.0f * 100.0f + 100.5f) * 0.01, 0);
+    case 26:
+        return splitText(n, "% (Dry/Wet)");
+    case 27:
+    {
+        const double v = static_cast<double>(n) * n * 4.0;
+        if (v > 0.0)
         {
-            const float x = n * 24.0f;
-            return (x > 0.0f ? "+" : "") + juce::String(static_cast<double>(x), 1) + "dB";
+            const double dB = 20.0 * std::log10(v);
+            if (dB > -320.0)
+                return (dB > 0.01 ? "+" : "") + juce::String(dB, 1) + "dB";
         }
-        case 2: return splitText(n, "%");
-        case 3: case 4: case 11: case 12: case 23: case 24: return percentText(n);
-        case 6: case 7:
-        {
-            const double hertz = std::exp(static_cast<double>(n) * 7.37626162510092) * 0.025037454253099462;
-            return juce::String(awayRound(hertz * 1000.0) * 0.001, 0) + "Hz";
-        }
-        case 14: case 15:
-        {
-            const auto p = static_cast<int>(awayRound((n * 1.9f - 0.95f) * 105.26316f));
-            return (p > 0 ? "+" : "") + juce::String(p) + "%";
-        }
-        case 18: return juce::String(static_cast<int>(awayRound(n * 180.0f))) + " deg";
-        case 21: return "x " + juce::String(static_cast<int>(n * 5.0f * 100.0f + 100.5f) * 0.01, 0);
-        case 26: return splitText(n, "% (Dry/Wet)");
-        case 27:
-        {
-            const double v = static_cast<double>(n) * n * 4.0;
-            if (v > 0.0)
-            {
-                const double dB = 20.0 * std::log10(v);
-                if (dB > -320.0)
-                    return (dB > 0.01 ? "+" : "") + juce::String(dB, 1) + "dB";
-            }
-            return "-Inf.";
-        }
-        default: return {};
+        return "-Inf.";
+    }
+    default:
+        return {};
     }
 }
 
@@ -95,10 +115,24 @@ ParameterFormatter* VelmarinParameterManager::getFormatter(int index)
 {
     switch (index)
     {
-        case 0: case 2: case 3: case 4: case 6: case 7: case 11: case 12:
-        case 14: case 15: case 18: case 21: case 23: case 24: case 26: case 27:
-            return this;
-        default:
-            return nullptr;
+    case 0:
+    case 2:
+    case 3:
+    case 4:
+    case 6:
+    case 7:
+    case 11:
+    case 12:
+    case 14:
+    case 15:
+    case 18:
+    case 21:
+    case 23:
+    case 24:
+    case 26:
+    case 27:
+        return this;
+    default:
+        return nullptr;
     }
 }

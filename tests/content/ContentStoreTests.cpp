@@ -43,7 +43,8 @@ protected:
     BasePlugin& plugin() { return processor->getPlugin(); }
     ParameterManager& manager() { return plugin().getParameterManager(); }
 
-    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("stores", {}, false);
+    juce::File user =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("stores", {}, false);
     TagRegistry registry;
     std::unique_ptr<VelmarinProcessor> processor;
     ContentSource* store = nullptr;
@@ -52,13 +53,13 @@ protected:
 /** The committed test key pair, as the package tests use it. */
 const std::pair<juce::String, juce::String>& testKey()
 {
-    static const std::pair<juce::String, juce::String> key { testkey::publicKey, testkey::privateKey };
+    static const std::pair<juce::String, juce::String> key{testkey::publicKey, testkey::privateKey};
     return key;
 }
 
 juce::MemoryBlock bytesOf(const juce::String& text)
 {
-    return { text.toRawUTF8(), text.getNumBytesAsUTF8() };
+    return {text.toRawUTF8(), text.getNumBytesAsUTF8()};
 }
 } // namespace
 
@@ -74,7 +75,7 @@ TEST_F(Stores, UserFolderItemsAreCreatedRenamedTaggedAndDeleted)
     const auto root = juce::parseXML(file);
     EXPECT_EQ(root->getStringAttribute("version"), "1.0");
     EXPECT_EQ(root->getStringAttribute("tags"), "Type:Flanger");
-    EXPECT_EQ(bass->tagIds, (juce::Array<int> { registry.idOf("Type", "Flanger") }));
+    EXPECT_EQ(bass->tagIds, (juce::Array<int>{registry.idOf("Type", "Flanger")}));
 
     ASSERT_NE(store->addNew("Lead", {}), nullptr);
     EXPECT_FALSE(store->renameItem(bass, "Lead")) << "an existing name is refused";
@@ -84,7 +85,7 @@ TEST_F(Stores, UserFolderItemsAreCreatedRenamedTaggedAndDeleted)
 
     EXPECT_TRUE(store->setItemTags(bass, ContentTags::fromText("Type:Jet;Modulation:Slow")));
     EXPECT_EQ(store->readItemTags("BASS").toText(), "Type:Jet;Modulation:Slow");
-    EXPECT_EQ(bass->tagIds, (juce::Array<int> { registry.idOf("Type", "Jet"), registry.idOf("Modulation", "Slow") }));
+    EXPECT_EQ(bass->tagIds, (juce::Array<int>{registry.idOf("Type", "Jet"), registry.idOf("Modulation", "Slow")}));
 
     EXPECT_EQ(store->uniqueName("Pad"), "Pad");
     store->addNew("Pad", {});
@@ -115,7 +116,8 @@ TEST_F(Stores, UserFolderItemsAreCreatedRenamedTaggedAndDeleted)
 TEST_F(Stores, ImportWritesANewFileAndRefusesTakenNames)
 {
     store->addNew("Wide", {});
-    const juce::String document = R"(<Preset tags="Spatialize:Wide"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
+    const juce::String document =
+        R"(<Preset tags="Spatialize:Wide"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
     juce::MemoryInputStream first(bytesOf(document), true);
     EXPECT_EQ(store->importItem(first, "wide"), nullptr);
 
@@ -209,7 +211,10 @@ TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
     PackageDescription description;
     description.author = "Factory Team";
     PackageBuilder builder(description);
-    builder.addEntry("Jet.vmprs2", bytesOf(R"(<Preset tags="Type:Jet"><Parameters><param name="LFO Rate L/M" value="0.05"/></Parameters></Preset>)"));
+    builder.addEntry(
+        "Jet.vmprs2",
+        bytesOf(
+            R"(<Preset tags="Type:Jet"><Parameters><param name="LFO Rate L/M" value="0.05"/></Parameters></Preset>)"));
     builder.addEntry("notes.txt", bytesOf("not a preset"));
     builder.addEntry("Own.vmprs2", bytesOf(R"(<Preset author="Ann"><Parameters/></Preset>)"));
     const auto good = user.getChildFile("Good Factory.q41pkg");
@@ -239,7 +244,8 @@ TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
     juce::MemoryBlock bytes;
     good.loadFileAsData(bytes);
     const auto content = builder.buildContent();
-    auto outerWith = [](const juce::StringArray& entries, const juce::Array<juce::MemoryBlock>& data) {
+    auto outerWith = [](const juce::StringArray& entries, const juce::Array<juce::MemoryBlock>& data)
+    {
         juce::ZipFile::Builder zip;
         for (int i = 0; i < entries.size(); ++i)
             zip.addEntry(new juce::MemoryInputStream(data.getReference(i), true), 0, entries[i], juce::Time());
@@ -254,13 +260,13 @@ TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
     juce::MemoryBlock noise(bytes.getSize());
     juce::Random(3).fillBitsRandomly(noise.getData(), noise.getSize());
     const std::vector<std::pair<const char*, juce::MemoryBlock>> damaged = {
-        { "truncated", juce::MemoryBlock(bytes.getData(), bytes.getSize() / 2) },
-        { "random", noise },
-        { "no hash", outerWith({ "content" }, { content }) },
-        { "wrong hash", outerWith({ "hash", "content" }, { bytesOf("1234abcd"), content }) },
-        { "text hash", outerWith({ "hash", "content" }, { bytesOf("not hex at all"), content }) },
-        { "other key", outerWith({ "hash", "content" }, { bytesOf(PackageBuilder::sign(content, otherPrivate)), content }) },
-        { "empty", juce::MemoryBlock() },
+        {"truncated", juce::MemoryBlock(bytes.getData(), bytes.getSize() / 2)},
+        {"random", noise},
+        {"no hash", outerWith({"content"}, {content})},
+        {"wrong hash", outerWith({"hash", "content"}, {bytesOf("1234abcd"), content})},
+        {"text hash", outerWith({"hash", "content"}, {bytesOf("not hex at all"), content})},
+        {"other key", outerWith({"hash", "content"}, {bytesOf(PackageBuilder::sign(content, otherPrivate)), content})},
+        {"empty", juce::MemoryBlock()},
     };
     for (const auto& [what, data] : damaged)
     {
@@ -272,7 +278,8 @@ TEST_F(Stores, SignedPackagesListTheirPresetsAndDamagedOnesNothing)
         EXPECT_FALSE(broken.getPackage().isValid()) << what;
         EXPECT_FALSE(broken.openItem("Jet")) << what;
     }
-    PresetsPackageContent<Preset> missing("Factory", plugin().getPresetHost(), 0, user.getChildFile("none.q41pkg"), ".vmprs2", publicKey);
+    PresetsPackageContent<Preset> missing("Factory", plugin().getPresetHost(), 0, user.getChildFile("none.q41pkg"),
+                                          ".vmprs2", publicKey);
     EXPECT_FALSE(missing.getPackage().isValid());
 }
 
@@ -286,7 +293,7 @@ TEST_F(Stores, KeysBelowTheFloorSignNoPackageAndAreNeverTrusted)
     juce::String smallPublic, smallPrivate;
     PackageBuilder::createKeyPair(512, smallPublic, smallPrivate);
     EXPECT_EQ(packageKeyBits(smallPrivate), 512);
-    PackageBuilder builder(PackageDescription { "Velmarin", "Presets", "Factory", "Test", 1, "Q41", "Q41" });
+    PackageBuilder builder(PackageDescription{"Velmarin", "Presets", "Factory", "Test", 1, "Q41", "Q41"});
     builder.addEntry("Jet.vmprs2", bytesOf(R"(<Preset><Parameters/></Preset>)"));
     const auto weak = user.getChildFile("Weak Factory.q41pkg");
     EXPECT_FALSE(builder.write(weak, smallPrivate));

@@ -45,7 +45,7 @@ TEST(ContentTagsSet, MergeIntersectRemoveAndSortByTheCategoryOrder)
     EXPECT_TRUE(merged.category(7).isEmpty());
 
     merged.merge(ContentTags::fromText("Spatialize:Wide;Modulation:Slow"));
-    merged.sort(false, true, juce::StringArray { "type", "Modulation", "Spatialize" });
+    merged.sort(false, true, juce::StringArray{"type", "Modulation", "Spatialize"});
     EXPECT_EQ(merged.toText(), "Type:Chorus|Flanger;Modulation:Slow;Spatialize:Wide;Mood:Airy|dark")
         << "named categories in order, others behind, tags in plain text order";
 
@@ -73,7 +73,7 @@ TEST(TagRegistryIds, CategoriesOwnThousandsAndTagsTheNumbersAbove)
 
     juce::Array<int> ids;
     registry.toIds(ContentTags::fromText("Modulation:Slow;Type:Flanger"), ids);
-    EXPECT_EQ(ids, (juce::Array<int> { 2001, 1001 }));
+    EXPECT_EQ(ids, (juce::Array<int>{2001, 1001}));
     ContentTags back;
     registry.toTags(ids, back);
     EXPECT_EQ(back.toText(), "Modulation:Slow;Type:Flanger");

@@ -36,12 +36,15 @@ protected:
         return names.joinIntoString(",");
     }
 
-    void choose(const char* category, const char* tag, bool on = true) { cascade.setTagSelected(category, tag, on, list); }
+    void choose(const char* category, const char* tag, bool on = true)
+    {
+        cascade.setTagSelected(category, tag, on, list);
+    }
 
     TagRegistry registry;
     juce::OwnedArray<ContentItem> items;
     juce::Array<ContentItem*> list;
-    FilterCascade cascade { registry };
+    FilterCascade cascade{registry};
 };
 } // namespace
 
@@ -55,8 +58,10 @@ TEST_F(Filters, AnyAndAllWithinAColumnAndUntaggedItemsHideOnceAnythingIsChosen)
     EXPECT_EQ(visible(), "Jet Stream,Swirl") << "an untagged item hides as soon as a choice exists";
     choose("Type", "Vibrato");
     EXPECT_EQ(visible(), "Jet Stream,Warble,Swirl") << "Any: one of the chosen tags is enough";
-    EXPECT_EQ(cascade.getFilter(1).shownTags.toText(), "Modulation:Fast|Slow") << "a column shows what the left ones let through";
-    EXPECT_EQ(cascade.getFilter(0).shownTags.toText(), "Type:Flanger|Jet|Resonator|Vibrato") << "its own choice does not narrow it";
+    EXPECT_EQ(cascade.getFilter(1).shownTags.toText(), "Modulation:Fast|Slow")
+        << "a column shows what the left ones let through";
+    EXPECT_EQ(cascade.getFilter(0).shownTags.toText(), "Type:Flanger|Jet|Resonator|Vibrato")
+        << "its own choice does not narrow it";
 
     cascade.setMode("Type", 1, list);
     EXPECT_EQ(visible(), "") << "All: no item is both a flanger and a vibrato";
@@ -85,7 +90,8 @@ TEST_F(Filters, ColumnOrderDecidesWhatEachShowsAndDroppedChoicesStayDropped)
     cascade.moveRight(0, list);
     EXPECT_EQ(cascade.getFilter(0).name, "Modulation");
     choose("Modulation", "Fast");
-    EXPECT_EQ(cascade.getFilter(1).shownTags.toText(), "Type:Flanger|Vibrato") << "now Type offers only what Fast lets through";
+    EXPECT_EQ(cascade.getFilter(1).shownTags.toText(), "Type:Flanger|Vibrato")
+        << "now Type offers only what Fast lets through";
     choose("Type", "Resonator");
     EXPECT_TRUE(cascade.getFilter(1).selectedTags.isEmpty()) << "a choice nothing can satisfy is dropped at once";
     EXPECT_EQ(visible(), "Warble,Swirl");

@@ -27,8 +27,8 @@ TEST(PresetChanges, MovingAKnobAndBackLeavesThePresetUnchangedAndLoadsResetTheBa
 
     Preset partial;
     partial.setName("Partial");
-    partial.addValue(PresetValue { 26, "0.9" });
-    partial.addValue(PresetValue { 100001, "Draft" });
+    partial.addValue(PresetValue{26, "0.9"});
+    partial.addValue(PresetValue{100001, "Draft"});
     manager.setText(0, "0.4");
     plugin.loadPreset(&partial, 0);
     EXPECT_EQ(manager.getText(26), "0.9");
@@ -52,7 +52,8 @@ TEST(PresetChanges, TheCountStaysRightWithOneWriterPerParameterOnSeveralThreads)
     VelmarinProcessor processor;
     auto& plugin = processor.getPlugin();
     auto& manager = plugin.getParameterManager();
-    auto writer = [&manager](int index, float away, float home) {
+    auto writer = [&manager](int index, float away, float home)
+    {
         auto* p = manager.getParameter(index);
         for (int i = 0; i < 2000; ++i)
         {

@@ -39,7 +39,8 @@ protected:
     }
 
     ParameterManager manager;
-    juce::File folder = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("presets", {}, false);
+    juce::File folder =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("presets", {}, false);
 };
 } // namespace
 
@@ -87,9 +88,10 @@ TEST_F(PresetFile, MetadataSurvivesAndOnlyWhatWasSetIsWritten)
 
 TEST_F(PresetFile, RatingOutsideOneToFiveIsIgnoredAndNotWrittenBack)
 {
-    for (auto rating : { "0", "6", "many" })
+    for (auto rating : {"0", "6", "many"})
     {
-        const auto file = write("R.vmprs2", juce::String(R"(<Preset rating=")") + rating + R"("><Parameters/></Preset>)");
+        const auto file =
+            write("R.vmprs2", juce::String(R"(<Preset rating=")") + rating + R"("><Parameters/></Preset>)");
         Preset p;
         p.loadFromFile(file, manager, false);
         EXPECT_EQ(p.getRating(), 3) << rating;
@@ -105,23 +107,30 @@ TEST_F(PresetFile, ReadsParametersByNameInEitherLayout)
         <param name="Depth" value="0.9"/>
         <Parameters><param name="Mode" value="C"/><param name="Gone" value="1"/><other name="Rate" value="4"/></Parameters>
         <ExtraData><blob/></ExtraData>
-      </PRESET>)"), manager, false);
+      </PRESET>)"),
+                   manager, false);
     EXPECT_EQ(p.getName(), "Mixed") << "the file name wins over the name attribute";
-    EXPECT_EQ(valuesOf(p), "2=C 1=4") << "direct params are ignored beside Parameters; unknown names dropped; any tag inside";
+    EXPECT_EQ(valuesOf(p), "2=C 1=4")
+        << "direct params are ignored beside Parameters; unknown names dropped; any tag inside";
 
     const auto rewritten = folder.getChildFile("Rewritten.vmprs2");
     ASSERT_TRUE(p.saveToFile(rewritten, manager));
     EXPECT_EQ(juce::parseXML(rewritten)->getChildByName("ExtraData"), nullptr);
 
     Preset old;
-    old.loadFromFile(write("Old.vmprs2", R"(<Preset><param name="Depth" value="0.1"/><skip name="Rate" value="3"/><param name="Mix" value="1"/></Preset>)"),
-                     manager, false);
+    old.loadFromFile(
+        write(
+            "Old.vmprs2",
+            R"(<Preset><param name="Depth" value="0.1"/><skip name="Rate" value="3"/><param name="Mix" value="1"/></Preset>)"),
+        manager, false);
     EXPECT_EQ(valuesOf(old), "0=0.1 7=1");
 }
 
 TEST_F(PresetFile, HeaderOnlyAndBrokenFilesReadNoParameters)
 {
-    const auto good = write("Good.vmprs2", R"(<Preset author="Bo" rating="4"><Parameters><param name="Depth" value="0.9"/></Parameters></Preset>)");
+    const auto good =
+        write("Good.vmprs2",
+              R"(<Preset author="Bo" rating="4"><Parameters><param name="Depth" value="0.9"/></Parameters></Preset>)");
     Preset header;
     header.loadFromFile(good, manager, true);
     EXPECT_EQ(header.getAuthor(), "Bo");
@@ -130,7 +139,9 @@ TEST_F(PresetFile, HeaderOnlyAndBrokenFilesReadNoParameters)
 
     Preset wrongRoot;
     wrongRoot.setAuthor("kept");
-    wrongRoot.loadFromFile(write("Wrong.vmprs2", R"(<Patch><Parameters><param name="Depth" value="1"/></Parameters></Patch>)"), manager, false);
+    wrongRoot.loadFromFile(
+        write("Wrong.vmprs2", R"(<Patch><Parameters><param name="Depth" value="1"/></Parameters></Patch>)"), manager,
+        false);
     EXPECT_EQ(wrongRoot.getNumValues(), 0);
     EXPECT_EQ(wrongRoot.getName(), "Wrong");
     EXPECT_EQ(wrongRoot.getAuthor(), "kept");
@@ -152,8 +163,8 @@ TEST_F(PresetFile, HeaderOnlyAndBrokenFilesReadNoParameters)
 TEST_F(PresetFile, LiveParametersAreCollectedInIndexOrder)
 {
     ParameterManager::Ranges ranges;
-    ranges.addRange({ 7, 8 });
-    ranges.addRange({ 0, 3 });
+    ranges.addRange({7, 8});
+    ranges.addRange({0, 3});
     Preset p;
     p.collectParameters(manager, ranges);
     EXPECT_EQ(valuesOf(p), "0=0.5 1=1 2=B 7=0.25");
@@ -161,7 +172,9 @@ TEST_F(PresetFile, LiveParametersAreCollectedInIndexOrder)
 
 TEST_F(PresetFile, WriteTagsRewritesOneAttributeAndKeepsEverythingElse)
 {
-    const auto file = write("Tagged.vmprs2", R"(<Preset author="Cy" vendorFlag="x"><Parameters><param name="Depth" value="0.3"/></Parameters><Unknown a="1"/></Preset>)");
+    const auto file = write(
+        "Tagged.vmprs2",
+        R"(<Preset author="Cy" vendorFlag="x"><Parameters><param name="Depth" value="0.3"/></Parameters><Unknown a="1"/></Preset>)");
     ASSERT_TRUE(Preset::writeTagsToFile(file, ContentTags::fromText("Type:Flanger")));
     auto root = juce::parseXML(file);
     EXPECT_EQ(root->getStringAttribute("tags"), "Type:Flanger");

@@ -11,22 +11,22 @@
 
 TEST(SincTable, CentreSitsOffTheMiddleAndRowsRunBackwardsInTime)
 {
-    for (int taps : { 4, 8, 16, 32 })
+    for (int taps : {4, 8, 16, 32})
     {
         SincTable table(taps);
         const int n = taps * 1024;
         const int centre = (n - 2) / 2;
         const double u = static_cast<double>(centre) / (n - 1);
-        const auto window = static_cast<float>(0.35875 - 0.48829 * std::cos(6.283185307179586 * u)
-                                               + 0.14128 * std::cos(12.566370614359172 * u)
-                                               - 0.01168 * std::cos(18.84955592153876 * u));
+        const auto window =
+            static_cast<float>(0.35875 - 0.48829 * std::cos(6.283185307179586 * u) +
+                               0.14128 * std::cos(12.566370614359172 * u) - 0.01168 * std::cos(18.84955592153876 * u));
         EXPECT_EQ(table.raw[centre], 1.0f * window) << taps;
         EXPECT_EQ(table.raw[n - 1], 0.0f) << taps;
         // Whole-sample phases of the sinc vanish away from the centre.
         EXPECT_NEAR(table.raw[centre - 1024], 0.0f, 1e-6f) << taps;
 
         // Polyphase: tap k of phase p is at p * taps + (taps - 1 - k).
-        for (int p : { 0, 511, 1023 })
+        for (int p : {0, 511, 1023})
             for (int k = 0; k < taps; ++k)
                 ASSERT_EQ(table.polyphase[p * taps + (taps - 1 - k)], table.raw[k * 1024 + p]);
 
@@ -38,7 +38,7 @@ TEST(SincTable, CentreSitsOffTheMiddleAndRowsRunBackwardsInTime)
 
 TEST(StepTable, RisesFromZeroToOneAndArrivesLaterForLaterTicks)
 {
-    StepTable table {};
+    StepTable table{};
     buildStepTable(table);
     for (int r = 0; r < 512; ++r)
     {
@@ -55,7 +55,7 @@ TEST(StepTable, RisesFromZeroToOneAndArrivesLaterForLaterTicks)
 
 TEST(VoltageCurves, MeetAtTheEndsAndDifferInTheMiddle)
 {
-    for (int curve : { 0, 1, 2 })
+    for (int curve : {0, 1, 2})
     {
         EXPECT_NEAR(VelmarinCore::voltageToFrequency(0.661, curve), 675750.0, 1.0) << curve;
         EXPECT_NEAR(VelmarinCore::voltageToFrequency(32.661, curve), 17162.65, 0.05) << curve;

@@ -81,8 +81,8 @@ TEST(LfoOscillator, RandomStepsChangeOncePerCycle)
 TEST(LfoModulation, TempoSyncLocksThePhaseToTheHostPosition)
 {
     CoreRig rig;
-    rig.setChoice(Param::lfoNoteRateLeft, 7);   // "1/4": one cycle per quarter note
-    rig.setChoice(Param::lfoSync, 3);  // "Full"
+    rig.setChoice(Param::lfoNoteRateLeft, 7); // "1/4": one cycle per quarter note
+    rig.setChoice(Param::lfoSync, 3);         // "Full"
     rig.core.setTempo(120.0);
     EXPECT_DOUBLE_EQ(rig.core.getLfo(0).getRate(), 2.0);
     EXPECT_DOUBLE_EQ(rig.core.getLfo(1).getRate(), 2.0) << "the link carries the note to the right";
@@ -92,9 +92,9 @@ TEST(LfoModulation, TempoSyncLocksThePhaseToTheHostPosition)
     rig.core.setPosition(-0.25);
     EXPECT_DOUBLE_EQ(rig.core.getLfo(0).getPhase(), twoPi * 0.75) << "a negative position still gives 0..2 pi";
 
-    rig.setChoice(Param::lfoSync, 1);  // "Triplet": 1.5 times as fast
+    rig.setChoice(Param::lfoSync, 1); // "Triplet": 1.5 times as fast
     EXPECT_DOUBLE_EQ(rig.core.getLfo(0).getRate(), 3.0);
-    rig.setChoice(Param::lfoSync, 2);  // "Dotted": two thirds
+    rig.setChoice(Param::lfoSync, 2); // "Dotted": two thirds
     EXPECT_DOUBLE_EQ(rig.core.getLfo(0).getRate(), 2.0 * 0.6666666666666666);
     rig.setChoice(Param::lfoSync, 0);
     EXPECT_EQ(rig.core.getLfo(0).getRate(), rig.core.getLfo(0).getFreeRate());
@@ -138,7 +138,8 @@ TEST(LfoModulation, PhaseShiftKeepsItsOffsetAndZeroRealignsTheChannels)
     rig.setFloat(Param::lfoPhaseShift, 0.5f);
     rig.runStereo(testSignal(1000));
     EXPECT_EQ(rig.core.getLfo(1).getPhaseOffset(), static_cast<double>(0.5f) * 3.141592653589793);
-    EXPECT_EQ(rig.core.getLfo(0).getPhase(), rig.core.getLfo(1).getPhase()) << "linked rates share the phase; the offset stays on top";
+    EXPECT_EQ(rig.core.getLfo(0).getPhase(), rig.core.getLfo(1).getPhase())
+        << "linked rates share the phase; the offset stays on top";
 
     // Different rates drift apart; a shift of exactly 0 brings them back in step.
     rig.setBool(Param::lfoRateLink, false);

@@ -37,8 +37,8 @@ TEST(SampleRateContext, DerivesScalesFromOtherRates)
     EXPECT_DOUBLE_EQ(c.inverseDecayScale * c.decayScale, 1.0);
     EXPECT_EQ(c.rateClass, 3);
 
-    const int classes[] = { 0, 1, 2, 3, 4 };
-    const double rates[] = { 44100.0, 48000.0, 88200.0, 96000.0, 192000.0 };
+    const int classes[] = {0, 1, 2, 3, 4};
+    const double rates[] = {44100.0, 48000.0, 88200.0, 96000.0, 192000.0};
     for (int i = 0; i < 5; ++i)
     {
         c.set(rates[i]);

@@ -19,8 +19,8 @@ float peakOf(const std::vector<float>& x, size_t from = 0)
 
 size_t indexOfPeak(const std::vector<float>& x)
 {
-    return static_cast<size_t>(std::max_element(x.begin(), x.end(), [](float a, float b) { return std::abs(a) < std::abs(b); })
-                               - x.begin());
+    return static_cast<size_t>(
+        std::max_element(x.begin(), x.end(), [](float a, float b) { return std::abs(a) < std::abs(b); }) - x.begin());
 }
 
 /** Wet only, in the plain mixer: output = wet path. */
@@ -47,8 +47,8 @@ TEST(CoreRun, WetPathStartsSilentAndDryPathIsOneSampleLate)
 {
     CoreRig rig;
     wetOnly(rig);
-    rig.setFloat(Param::bbdFrequencyRange, 0.0f);  // slowest range, so the line takes many samples to fill
-    rig.setChoice(Param::bbdLength, 5);    // 512 stages
+    rig.setFloat(Param::bbdFrequencyRange, 0.0f); // slowest range, so the line takes many samples to fill
+    rig.setChoice(Param::bbdLength, 5);           // 512 stages
     rig.setFloat(Param::delayOffsetLeft, 1.0f);
     rig.runStereo(silence(16)); // the mixer's controls glide from 0 in the first run after construction
     rig.prepare(44100.0);
@@ -242,7 +242,7 @@ TEST(CoreRun, ResultDoesNotDependOnHowTheBlockIsCut)
     input.right.resize(input.left.size(), 0.0f);
 
     CoreRig whole, pieces, single;
-    for (auto* rig : { &whole, &pieces, &single })
+    for (auto* rig : {&whole, &pieces, &single})
         rig->setFloat(Param::channelsCrossfade, 0.5f);
     const auto a = whole.runStereo(input, static_cast<int>(input.left.size()));
     const auto b = pieces.runStereo(input, 37);
@@ -259,16 +259,16 @@ TEST(CoreRun, PlainTickLoopGivesTheFastLoopsOutputBitForBit)
     // Every quality, at the heaviest clock and at a swept default with strong feedback (which would
     // amplify any difference in rounding), stereo and mono, in runs of odd length.
     for (int quality = 0; quality < 4; ++quality)
-        for (const bool worstCase : { true, false })
+        for (const bool worstCase : {true, false})
         {
             CoreRig fast, plain;
             plain.core.setTickLoop(VelmarinCore::TickLoop::plain);
-            for (auto* rig : { &fast, &plain })
+            for (auto* rig : {&fast, &plain})
             {
                 rig->setChoice(Param::processingQuality, quality);
                 if (worstCase)
                 {
-                    rig->setChoice(Param::bbdLength, 5);           // 512 stages
+                    rig->setChoice(Param::bbdLength, 5); // 512 stages
                     rig->setFloat(Param::bbdFrequencyRange, 1.0f);
                     rig->setFloat(Param::lfoDepthLeft, 0.0f);
                     rig->setFloat(Param::delayOffsetLeft, 0.0f);
@@ -312,14 +312,14 @@ TEST(CoreRun, ShutGateShortcutGivesTheFullPathsOutputBitForBit)
     CoreRig shortcut, full;
     full.core.setShutShortcut(false);
     Stereo outShortcut, outFull;
-    for (auto [rig, out] : { std::pair { &shortcut, &outShortcut }, std::pair { &full, &outFull } })
+    for (auto [rig, out] : {std::pair{&shortcut, &outShortcut}, std::pair{&full, &outFull}})
     {
         rig->setFloat(Param::feedbackLeft, 0.9f);
         rig->setFloat(Param::lfoPhaseShift, 0.3f);
-        const Stereo first { { input.left.begin(), input.left.begin() + 40000 },
-                             { input.right.begin(), input.right.begin() + 40000 } };
-        const Stereo rest { { input.left.begin() + 40000, input.left.end() },
-                            { input.right.begin() + 40000, input.right.end() } };
+        const Stereo first{{input.left.begin(), input.left.begin() + 40000},
+                           {input.right.begin(), input.right.begin() + 40000}};
+        const Stereo rest{{input.left.begin() + 40000, input.left.end()},
+                          {input.right.begin() + 40000, input.right.end()}};
         *out = rig->runStereo(first, 301);
         EXPECT_TRUE(rig->core.getGate().isShut());
         rig->setFloat(Param::lfoDepthLeft, 0.8f);

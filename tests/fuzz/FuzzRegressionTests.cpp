@@ -23,9 +23,9 @@ juce::Array<juce::File> inputsOf(const juce::String& target)
 {
     juce::Array<juce::File> inputs;
     const juce::File root(VELMARIN_FUZZ_DIR);
-    for (const auto* folder : { "corpus", "regressions" })
-        for (const auto& entry : juce::RangedDirectoryIterator(root.getChildFile(folder).getChildFile(target), false, "*",
-                                                               juce::File::findFiles))
+    for (const auto* folder : {"corpus", "regressions"})
+        for (const auto& entry : juce::RangedDirectoryIterator(root.getChildFile(folder).getChildFile(target), false,
+                                                               "*", juce::File::findFiles))
             if (! entry.getFile().getFileName().startsWithChar('.'))
                 inputs.add(entry.getFile());
     inputs.sort();

@@ -9,9 +9,9 @@
 namespace fuzz
 {
 const Target targets[] = {
-    { "state_chunk", fuzzStateChunk }, { "preset", fuzzPreset },     { "parameters", fuzzParameters },
-    { "midi_map", fuzzMidiMap },       { "host_map", fuzzHostMap }, { "settings", fuzzSettings },
-    { "package", fuzzPackage },        { "tags", fuzzTags },
+    {"state_chunk", fuzzStateChunk}, {"preset", fuzzPreset},    {"parameters", fuzzParameters},
+    {"midi_map", fuzzMidiMap},       {"host_map", fuzzHostMap}, {"settings", fuzzSettings},
+    {"package", fuzzPackage},        {"tags", fuzzTags},
 };
 const int numTargets = static_cast<int>(std::size(targets));
 
@@ -49,8 +49,9 @@ void usePrivateFolders()
     // Memory-backed when the system has it: the plug-in syncs every file it writes, which on a disk
     // would hold the file-writing targets to a few dozen runs a second.
     const juce::File shared("/dev/shm");
-    const auto base = shared.isDirectory() && shared.hasWriteAccess() ? shared
-                                                                       : juce::File::getSpecialLocation(juce::File::tempDirectory);
+    const auto base = shared.isDirectory() && shared.hasWriteAccess()
+                          ? shared
+                          : juce::File::getSpecialLocation(juce::File::tempDirectory);
     privateRoot = base.getNonexistentChildFile("velmarin-fuzz", {}, false);
     privateRoot.getChildFile("user").createDirectory();
     privateRoot.getChildFile("data").createDirectory();
@@ -59,7 +60,8 @@ void usePrivateFolders()
 
 VelmarinProcessor& sharedProcessor()
 {
-    static auto* const processor = [] {
+    static auto* const processor = []
+    {
         usePrivateFolders();
         return new VelmarinProcessor(
             FolderRule::fixed(privateRoot.getChildFile("user"), privateRoot.getChildFile("data")));

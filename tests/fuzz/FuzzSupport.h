@@ -46,7 +46,7 @@ juce::String textOf(const uint8_t* data, size_t size);
 juce::File scratchFile(const juce::String& name);
 } // namespace fuzz
 
-#define FUZZ_CHECK(condition) ((condition) ? (void) 0 : ::fuzz::fail(#condition, __FILE__, __LINE__))
+#define FUZZ_CHECK(condition) ((condition) ? (void)0 : ::fuzz::fail(#condition, __FILE__, __LINE__))
 
 // The bodies, one for each outside input.
 int fuzzStateChunk(const uint8_t* data, size_t size);

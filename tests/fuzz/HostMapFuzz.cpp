@@ -51,11 +51,11 @@ int fuzzHostMap(const uint8_t* data, size_t size)
         }
         // What a host asks of every place, placeholders included.
         FUZZ_CHECK(plugin.getParameterName(h).isNotEmpty());
-        (void) plugin.getParameterText(h);
-        (void) plugin.getParameterTextForValue(h, 0.25f);
+        (void)plugin.getParameterText(h);
+        (void)plugin.getParameterTextForValue(h, 0.25f);
         const float value = plugin.getParameterValueForText(h, plugin.getParameterText(h));
         FUZZ_CHECK(value >= 0.0f && value <= 1.0f);
-        (void) plugin.getParameterDefaultValue(h);
+        (void)plugin.getParameterDefaultValue(h);
     }
     return 0;
 }

@@ -2,9 +2,9 @@
 #include "FuzzSupport.h"
 
 #include "io/XmlInput.h"
+#include "plugin/MidiControlMap.h"
 #include "product/Velmarin.h"
 #include "product/VelmarinParameterManager.h"
-#include "plugin/MidiControlMap.h"
 
 namespace
 {
@@ -19,12 +19,14 @@ juce::Array<Parameter*> tableOf(const MidiControlMap& map)
 
 int fuzzMidiMap(const uint8_t* data, size_t size)
 {
-    static auto* const manager = [] {
+    static auto* const manager = []
+    {
         auto* m = new VelmarinParameterManager();
         m->loadFromResource(Velmarin::getResources(), "parameters.xml");
         return m;
     }();
-    static auto* const map = [] {
+    static auto* const map = []
+    {
         auto* m = new MidiControlMap(*manager);
         m->setName("Velmarin");
         return m;

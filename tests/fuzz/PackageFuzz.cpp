@@ -20,8 +20,8 @@ namespace
 // A 272-bit key made for the fuzz corpus only: it signs nothing that ships, and it is small so that
 // signing each input stays quick (the MD5 it signs has 128 bits).
 constexpr const char* testPublicKey = "10001,aa96e0b61a14ee1bbfdc0515cca37704caf267bc3fe303e898aae48014511d08316d";
-constexpr const char* testPrivateKey =
-    "48b94794fa6b7fd2dea90a95ef86a47faadeb2433f00c5b5934db8ad14252283e3b5,aa96e0b61a14ee1bbfdc0515cca37704caf267bc3fe303e898aae48014511d08316d";
+constexpr const char* testPrivateKey = "48b94794fa6b7fd2dea90a95ef86a47faadeb2433f00c5b5934db8ad14252283e3b5,"
+                                       "aa96e0b61a14ee1bbfdc0515cca37704caf267bc3fe303e898aae48014511d08316d";
 
 /** Presets opened per input: enough to reach every reading path, few enough to stay quick. */
 constexpr int maximumOpened = 4;
@@ -40,7 +40,8 @@ int fuzzPackage(const uint8_t* data, size_t size)
     FUZZ_CHECK(file.replaceWithData(bytes.getData(), bytes.getSize()));
 
     auto& plugin = fuzz::sharedProcessor().getPlugin();
-    PresetsPackageContent<Preset> store("Factory", plugin.getPresetHost(), 0, file, ".vmprs2", wrapped ? testPublicKey : testkey::publicKey);
+    PresetsPackageContent<Preset> store("Factory", plugin.getPresetHost(), 0, file, ".vmprs2",
+                                        wrapped ? testPublicKey : testkey::publicKey);
     const auto& package = store.getPackage();
 
     if (wrapped)
@@ -61,7 +62,7 @@ int fuzzPackage(const uint8_t* data, size_t size)
     TagRegistry registry;
     store.attach(&registry);
     for (int i = 0; i < store.getItems().size() && i < maximumOpened; ++i)
-        (void) store.openItem(store.getItems()[i]->name);
+        (void)store.openItem(store.getItems()[i]->name);
     for (int i = 0; i < package.getNumEntries(); ++i)
         FUZZ_CHECK(package.indexOf(package.getEntryName(i)) >= 0);
     return 0;

@@ -24,8 +24,8 @@ int fuzzParameters(const uint8_t* data, size_t size)
         FUZZ_CHECK(manager->getParameter(p->getIndex()) == p);
         FUZZ_CHECK(manager->getParameter(p->getName()) == p);
 
-        (void) p->getDisplayText();
-        (void) p->getVar();
+        (void)p->getDisplayText();
+        (void)p->getVar();
 
         // A value's own text reads back as the same value (an int row with its bounds the wrong
         // way round clamps each way in turn, as its definition asks; a float's "-0" reads as 0).
@@ -40,10 +40,10 @@ int fuzzParameters(const uint8_t* data, size_t size)
         const std::unique_ptr<Parameter> copy(p->clone(p->getIndex(), p->getName()));
         FUZZ_CHECK(copy->getText() == p->getText());
 
-        for (const float n : { 0.0f, 0.5f, 1.0f })
+        for (const float n : {0.0f, 0.5f, 1.0f})
         {
             p->setNormalized(n, true);
-            (void) p->getDisplayText();
+            (void)p->getDisplayText();
             p->setText(p->getText(), false);
         }
         p->setBool(true, false);

@@ -10,10 +10,10 @@ namespace
 {
 bool sameHeader(const Preset& a, const Preset& b)
 {
-    return a.getName() == b.getName() && a.getAuthor() == b.getAuthor() && a.getId() == b.getId()
-        && a.getApplication() == b.getApplication() && a.getCategory() == b.getCategory()
-        && a.getVersion() == b.getVersion() && a.getRating() == b.getRating()
-        && a.isRatingSet() == b.isRatingSet() && a.getTags() == b.getTags();
+    return a.getName() == b.getName() && a.getAuthor() == b.getAuthor() && a.getId() == b.getId() &&
+           a.getApplication() == b.getApplication() && a.getCategory() == b.getCategory() &&
+           a.getVersion() == b.getVersion() && a.getRating() == b.getRating() && a.isRatingSet() == b.isRatingSet() &&
+           a.getTags() == b.getTags();
 }
 
 bool sameValues(const Preset& a, const Preset& b)

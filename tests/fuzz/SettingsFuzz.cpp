@@ -14,17 +14,20 @@ struct Settings
 
     bool operator==(const Settings& o) const
     {
-        return midiDefault == o.midiDefault && hostDefault == o.hostDefault && midiFile == o.midiFile
-            && hostFile == o.hostFile && realtime == o.realtime && offline == o.offline;
+        return midiDefault == o.midiDefault && hostDefault == o.hostDefault && midiFile == o.midiFile &&
+               hostFile == o.hostFile && realtime == o.realtime && offline == o.offline;
     }
 };
 
 Settings settingsOf(BasePlugin& plugin)
 {
     const auto& m = plugin.getParameterManager();
-    return { plugin.isMidiMapDefault(), plugin.isHostParameterMapDefault(), plugin.getMidiMapFile(),
-             plugin.getHostParameterMapFile(), m.getParameter("Default Real-time Processing Quality")->getText(),
-             m.getParameter("Default Offline Processing Quality")->getText() };
+    return {plugin.isMidiMapDefault(),
+            plugin.isHostParameterMapDefault(),
+            plugin.getMidiMapFile(),
+            plugin.getHostParameterMapFile(),
+            m.getParameter("Default Real-time Processing Quality")->getText(),
+            m.getParameter("Default Offline Processing Quality")->getText()};
 }
 
 bool namesNoFileOrAnAbsoluteOne(const juce::File& file)
@@ -54,10 +57,10 @@ int fuzzSettings(const uint8_t* data, size_t size)
 
     // Whatever the file held, the live qualities are the default ones, and a map file is an
     // absolute path or none.
-    FUZZ_CHECK(manager.getParameter("Real-time Processing Quality")->getText()
-               == manager.getParameter("Default Real-time Processing Quality")->getText());
-    FUZZ_CHECK(manager.getParameter("Offline Processing Quality")->getText()
-               == manager.getParameter("Default Offline Processing Quality")->getText());
+    FUZZ_CHECK(manager.getParameter("Real-time Processing Quality")->getText() ==
+               manager.getParameter("Default Real-time Processing Quality")->getText());
+    FUZZ_CHECK(manager.getParameter("Offline Processing Quality")->getText() ==
+               manager.getParameter("Default Offline Processing Quality")->getText());
     FUZZ_CHECK(namesNoFileOrAnAbsoluteOne(plugin.getMidiMapFile()));
     FUZZ_CHECK(namesNoFileOrAnAbsoluteOne(plugin.getHostParameterMapFile()));
 

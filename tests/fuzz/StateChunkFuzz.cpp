@@ -34,7 +34,8 @@ int fuzzStateChunk(const uint8_t* data, size_t size)
 
     // Every input starts from the same state: the instance's own, with one MIDI assignment so that
     // a chunk that wrongly drops the map shows.
-    static const juce::MemoryBlock baseline = [&] {
+    static const juce::MemoryBlock baseline = [&]
+    {
         plugin.getMidiMap().assign(manager.getParameter("Output Volume"), 7);
         juce::MemoryBlock block;
         processor.getStateInformation(block);

@@ -2,10 +2,10 @@
 // set below the new document's size, so that the operating system refuses the rest of the write
 // half-way, each writer reports failure, the previous file stays byte for byte, and no temporary
 // file is left behind.
-#include "content/TestPackageKey.h"
 #include "content/PackageBuilder.h"
 #include "content/Preset.h"
 #include "content/PresetsContent.h"
+#include "content/TestPackageKey.h"
 #include "io/SafeFile.h"
 #include "io/SafeFileBatch.h"
 #include "plugin/BasePlugin.h"
@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    rlimit previous {};
+    rlimit previous{};
     void (*previousHandler)(int) = nullptr;
 };
 
@@ -87,13 +87,15 @@ protected:
         return names.joinIntoString("|");
     }
 
-    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("safe-write", {}, false);
+    juce::File user =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("safe-write", {}, false);
 };
 } // namespace
 
 TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
 {
-    const juce::String previousPreset = R"(<Preset tags="Type:Jet"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
+    const juce::String previousPreset =
+        R"(<Preset tags="Type:Jet"><Parameters><param name="FX Amount" value="0.2"/></Parameters></Preset>)";
     auto processor = std::make_unique<VelmarinProcessor>(folders());
     auto& plugin = processor->getPlugin();
     auto& manager = plugin.getParameterManager();
@@ -103,8 +105,9 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     plugin.storeToPreset(preset, 0);
     const auto presetFile = presets.getChildFile("Jet.vmprs2");
     expectWholeOrNothing(presetFile, previousPreset, [&] { return preset.saveToFile(presetFile, manager); });
-    expectWholeOrNothing(presetFile, previousPreset,
-                         [&] { return Preset::writeTagsToFile(presetFile, ContentTags::fromText("Type:Chorus;Modulation:Slow")); });
+    expectWholeOrNothing(
+        presetFile, previousPreset,
+        [&] { return Preset::writeTagsToFile(presetFile, ContentTags::fromText("Type:Chorus;Modulation:Slow")); });
 
     const auto mapFile = user.getChildFile("Maps/Mine.vmccmap");
     plugin.getMidiMap().assign(manager.getParameter(juce::String("FX Amount")), 12);
@@ -120,7 +123,7 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     EXPECT_FALSE(presets.getChildFile("Imported.vmprs2").exists());
     EXPECT_EQ(plugin.getUserStore()->getItems().size(), itemsBefore);
 
-    PackageBuilder builder(PackageDescription {});
+    PackageBuilder builder(PackageDescription{});
     builder.addEntry("Jet.vmprs2", juce::MemoryBlock(previousPreset.toRawUTF8(), previousPreset.getNumBytesAsUTF8()));
     const auto package = user.getChildFile("data/Presets/Factory.q41pkg");
     expectWholeOrNothing(package, "an older package", [&] { return builder.write(package, testkey::privateKey); });
@@ -132,7 +135,10 @@ TEST_F(SafeWrite, EveryWriterKeepsThePreviousFileWhenTheWriteFailsHalfWay)
     const auto previousSettings = settings.loadFileAsString();
     ASSERT_TRUE(previousSettings.contains("UserSettings"));
     processor = std::make_unique<VelmarinProcessor>(folders());
-    processor->getPlugin().getParameterManager().getParameter(juce::String("Real-time Processing Quality"))->setText("Ultra", true);
+    processor->getPlugin()
+        .getParameterManager()
+        .getParameter(juce::String("Real-time Processing Quality"))
+        ->setText("Ultra", true);
     {
         const FileSizeLimit limit(16);
         processor.reset();

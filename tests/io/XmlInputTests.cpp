@@ -72,10 +72,10 @@ TEST(XmlInput, ProcessingInstructionsInsideTheRootAreDroppedAndTheRestIsRead)
 
 TEST(XmlInput, DocumentTypesBrokenReferencesAndStrayMarkupAreRefused)
 {
-    for (const char* text : {"<!DOCTYPE r [<!ENTITY e \"<r/>\">]><r>&e;</r>", "<!DOCTYPE r><r/>", "<r>&e;</r>",
-                             "<r v=\"&#x;\"/>", "<r>&#xD800;</r>", "<r>&#x110000;</r>", "<r>&#65</r>", "<r v='<'/>",
-                             "text<r/>", "&amp;<r/>", "<![CDATA[x]]><r/>", "<r><!ELEMENT r></r>",
-                             "<r><a v= x&#0xp/><b&#x"})
+    for (const char* text :
+         {"<!DOCTYPE r [<!ENTITY e \"<r/>\">]><r>&e;</r>", "<!DOCTYPE r><r/>", "<r>&e;</r>", "<r v=\"&#x;\"/>",
+          "<r>&#xD800;</r>", "<r>&#x110000;</r>", "<r>&#65</r>", "<r v='<'/>", "text<r/>", "&amp;<r/>",
+          "<![CDATA[x]]><r/>", "<r><!ELEMENT r></r>", "<r><a v= x&#0xp/><b&#x"})
         EXPECT_EQ(XmlInput::parse(juce::String(text)), nullptr) << text;
     for (const char* text : {"<r>&AMP;&#65;&#x10FFFF;</r>", "  <r/>  trailing text is never read", "<r></r>"})
         EXPECT_NE(XmlInput::parse(juce::String(text)), nullptr) << text;

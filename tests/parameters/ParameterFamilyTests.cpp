@@ -274,7 +274,7 @@ TEST(StringParameter, NumericFormsReadTheText)
 
 TEST(StringParameter, GetBoolIsTrueWhenTheTextsIntegerValueIsZero)
 {
-    for (const char* text : { "", "0", "abc" })
+    for (const char* text : {"", "0", "abc"})
         EXPECT_TRUE(StringParameter(0, "s", text).getBool()) << text;
     EXPECT_FALSE(StringParameter(0, "s", "1").getBool());
 }

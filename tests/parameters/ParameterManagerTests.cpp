@@ -7,8 +7,8 @@
 #include "parameters/ParameterManager.h"
 #include "parameters/PluginResources.h"
 #include "parameters/StringParameter.h"
-#include "product/VelmarinParameterManager.h"
 #include "product/Velmarin.h"
+#include "product/VelmarinParameterManager.h"
 
 #include <gtest/gtest.h>
 
@@ -146,16 +146,39 @@ TEST(ProductTable, HasThirtyRowsWithTheirInitialTexts)
     ASSERT_EQ(m.getNumParameters(), 30);
     EXPECT_EQ(m.getApplicationName(), "Velmarin");
 
-    const char* names[] = { "Preamp", "M/S Mode", "Channels Crossfade", "Delay Offset L/M", "Delay Offset R/S",
-                            "Delay Offset Link", "LFO Rate L/M", "LFO Rate R/S", "LFO Note Rate L/M",
-                            "LFO Note Rate R/S", "LFO Rate Link", "LFO Depth L/M", "LFO Depth R/S",
-                            "LFO Depth Link", "Feedback L/M", "Feedback R/S", "Feedback Link", "LFO Sync",
-                            "LFO Phase Shift", "LFO Voltage Curve", "BBD Length", "BBD Frequency Range",
-                            "Low Cut", "Gain L/M", "Gain R/S", "Mistress Auto Mix Mode", "FX Amount",
-                            "Output Volume", "Current BBD Frequency", "Processing Quality" };
-    const char* texts[] = { "0", "Off", "0", "0", "0", "On", "0.216", "0.216", "1/4", "1/4", "On", "0.332", "0.332",
-                            "On", "0.5", "0.5", "On", "Off", "0", "Mistress", "256", "0.6", "Mistress", "1", "1",
-                            "On", "0.5", "0.5", "", "Normal" };
+    const char* names[] = {"Preamp",
+                           "M/S Mode",
+                           "Channels Crossfade",
+                           "Delay Offset L/M",
+                           "Delay Offset R/S",
+                           "Delay Offset Link",
+                           "LFO Rate L/M",
+                           "LFO Rate R/S",
+                           "LFO Note Rate L/M",
+                           "LFO Note Rate R/S",
+                           "LFO Rate Link",
+                           "LFO Depth L/M",
+                           "LFO Depth R/S",
+                           "LFO Depth Link",
+                           "Feedback L/M",
+                           "Feedback R/S",
+                           "Feedback Link",
+                           "LFO Sync",
+                           "LFO Phase Shift",
+                           "LFO Voltage Curve",
+                           "BBD Length",
+                           "BBD Frequency Range",
+                           "Low Cut",
+                           "Gain L/M",
+                           "Gain R/S",
+                           "Mistress Auto Mix Mode",
+                           "FX Amount",
+                           "Output Volume",
+                           "Current BBD Frequency",
+                           "Processing Quality"};
+    const char* texts[] = {"0",   "Off",   "0",        "0",  "0",   "On",  "0.216", "0.216", "1/4", "1/4",
+                           "On",  "0.332", "0.332",    "On", "0.5", "0.5", "On",    "Off",   "0",   "Mistress",
+                           "256", "0.6",   "Mistress", "1",  "1",   "On",  "0.5",   "0.5",   "",    "Normal"};
     for (int i = 0; i < 30; ++i)
     {
         auto* p = m.getParameters()[i];
@@ -174,7 +197,7 @@ TEST(ProductTable, PluginAddsInternalParametersInOrderWithQualityClones)
     Velmarin plugin;
     const auto& all = plugin.getParameterManager().getParameters();
     ASSERT_EQ(all.size(), 35);
-    const int order[] = { 100000, 100001, 100003, 100002, 100004 };
+    const int order[] = {100000, 100001, 100003, 100002, 100004};
     for (int i = 0; i < 5; ++i)
         EXPECT_EQ(all[30 + i]->getIndex(), order[i]);
     EXPECT_EQ(all[30]->getText(), "Init");
@@ -204,7 +227,8 @@ TEST(EventsMap, BuiltInEventsAndTheirRules)
     EXPECT_EQ(events.getUid("Options"), 1000);
     EXPECT_FALSE(events.add(1000, "Other"));
 
-    auto doc = xml(R"(<eventsmap><event uid="5" name="Five"/><EVENT uid="6" name="Six"/><x uid="7" name="x"/></eventsmap>)");
+    auto doc =
+        xml(R"(<eventsmap><event uid="5" name="Five"/><EVENT uid="6" name="Six"/><x uid="7" name="x"/></eventsmap>)");
     events.readXml(*doc);
     EXPECT_EQ(events.size(), 2);
     EXPECT_EQ(events.getName(6), "Six");

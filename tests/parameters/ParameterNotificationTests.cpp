@@ -61,7 +61,7 @@ TEST(ParameterNotification, ListenersAreWalkedFromLastToFirstAndStandOnce)
     p.addListener(&b);
     p.addListener(&c);
     p.setBool(true, true);
-    EXPECT_EQ(order, (std::vector<std::string> { "c", "b", "a" }));
+    EXPECT_EQ(order, (std::vector<std::string>{"c", "b", "a"}));
 }
 
 TEST(ParameterNotification, ListenerMayRemoveItselfAndOthersDuringTheWalk)
@@ -86,13 +86,13 @@ TEST(ParameterNotification, ListenerMayRemoveItselfAndOthersDuringTheWalk)
     p.addListener(&second);
     p.addListener(&third);
     // The last entry is called first and removes all three: the walk must end without touching freed slots.
-    third.victims = { &first, &second, &third };
+    third.victims = {&first, &second, &third};
     p.setBool(true, true);
     EXPECT_EQ(calls, 1);
 
     p.addListener(&first);
     p.addListener(&second);
-    second.victims = { &second };
+    second.victims = {&second};
     first.victims = {};
     p.setBool(false, true);
     EXPECT_EQ(calls, 3) << "second removes itself, the walk goes on to first";
@@ -109,7 +109,7 @@ TEST(ParameterNotification, AsyncListenersHearManyWritesOnceOnTheMessageThread)
     EXPECT_EQ(sync.log.size(), 5u);
     EXPECT_TRUE(async.log.empty());
     p.handleUpdateNowIfNeeded(); // what the message thread does with the posted update
-    EXPECT_EQ(async.log, (std::vector<std::string> { "async:changed" }));
+    EXPECT_EQ(async.log, (std::vector<std::string>{"async:changed"}));
 }
 
 TEST(ParameterNotification, GesturesAreToldOncePerOpeningAndNeverToAsyncListeners)
@@ -125,7 +125,7 @@ TEST(ParameterNotification, GesturesAreToldOncePerOpeningAndNeverToAsyncListener
     p.endChange();
     p.endChange();
     p.handleUpdateNowIfNeeded(); // what the message thread does with the posted update
-    EXPECT_EQ(sync.log, (std::vector<std::string> { "sync:started", "sync:ended" }));
+    EXPECT_EQ(sync.log, (std::vector<std::string>{"sync:started", "sync:ended"}));
     EXPECT_TRUE(async.log.empty());
 }
 

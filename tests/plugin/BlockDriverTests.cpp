@@ -32,11 +32,11 @@ public:
     void setPosition(double ppq) override { positions->push_back(ppq); }
     void processStereo(const float* inL, const float* inR, float* outL, float* outR, int n, bool bypassed) override
     {
-        runs->push_back({ true, n, inL, inR, outL, outR, bypassed });
+        runs->push_back({true, n, inL, inR, outL, outR, bypassed});
     }
     void processMono(float* buffer, int n, bool bypassed) override
     {
-        runs->push_back({ false, n, buffer, nullptr, buffer, nullptr, bypassed });
+        runs->push_back({false, n, buffer, nullptr, buffer, nullptr, bypassed});
     }
 };
 
@@ -55,7 +55,8 @@ public:
 
     void handleController(const juce::MidiMessage& message) override
     {
-        controllers.push_back({ static_cast<int>(runs.size()), message.getControllerNumber(), message.getControllerValue() });
+        controllers.push_back(
+            {static_cast<int>(runs.size()), message.getControllerNumber(), message.getControllerValue()});
     }
 
 protected:
@@ -152,14 +153,14 @@ TEST_F(BlockDriver, ZeroSampleBlockRunsNothingButKeepsTransportAndQueuedMidi)
     process(empty, midi, 2, 2, &head);
     EXPECT_TRUE(effect.runs.empty());
     EXPECT_TRUE(effect.controllers.empty());
-    EXPECT_EQ(effect.tempos, (std::vector<double> { 97.5 }));
+    EXPECT_EQ(effect.tempos, (std::vector<double>{97.5}));
 
     juce::AudioBuffer<float> buffer(2, 10);
     juce::MidiBuffer none;
     process(buffer, none);
     ASSERT_EQ(effect.controllers.size(), 1u) << "the queued controller arrives in the next block";
     EXPECT_EQ(effect.controllers[0].runsBefore, 0);
-    EXPECT_EQ(runLengths(), (std::vector<int> { 10 }));
+    EXPECT_EQ(runLengths(), (std::vector<int>{10}));
 }
 
 TEST_F(BlockDriver, MonoInStereoOutClearsChannelOneAndReadsChannelZeroTwice)
@@ -194,7 +195,7 @@ TEST_F(BlockDriver, TwoControllersAtOnePositionSplitOnce)
     addController(midi, 40, 1);
     addController(midi, 40, 2);
     process(buffer, midi);
-    EXPECT_EQ(runLengths(), (std::vector<int> { 40, 60 }));
+    EXPECT_EQ(runLengths(), (std::vector<int>{40, 60}));
     ASSERT_EQ(effect.controllers.size(), 2u);
     EXPECT_EQ(effect.controllers[0].controller, 1);
     EXPECT_EQ(effect.controllers[1].controller, 2);
@@ -208,7 +209,7 @@ TEST_F(BlockDriver, ControllerAtLastSampleLeavesARunOfOne)
     juce::MidiBuffer midi;
     addController(midi, 99, 3);
     process(buffer, midi);
-    EXPECT_EQ(runLengths(), (std::vector<int> { 99, 1 }));
+    EXPECT_EQ(runLengths(), (std::vector<int>{99, 1}));
 }
 
 TEST_F(BlockDriver, ControllerAtZeroMakesNoEmptyRun)
@@ -217,7 +218,7 @@ TEST_F(BlockDriver, ControllerAtZeroMakesNoEmptyRun)
     juce::MidiBuffer midi;
     addController(midi, 0, 3);
     process(buffer, midi);
-    EXPECT_EQ(runLengths(), (std::vector<int> { 50 }));
+    EXPECT_EQ(runLengths(), (std::vector<int>{50}));
     EXPECT_EQ(effect.controllers.size(), 1u);
 }
 
@@ -230,7 +231,7 @@ TEST_F(BlockDriver, NegativePositionsAreDroppedAndLateOnesWaitForTheNextBlock)
     addController(midi, 70, 12);
     process(buffer, midi);
     EXPECT_TRUE(effect.controllers.empty());
-    EXPECT_EQ(runLengths(), (std::vector<int> { 64 }));
+    EXPECT_EQ(runLengths(), (std::vector<int>{64}));
 
     effect.runs.clear();
     juce::MidiBuffer none;
@@ -239,7 +240,7 @@ TEST_F(BlockDriver, NegativePositionsAreDroppedAndLateOnesWaitForTheNextBlock)
     EXPECT_EQ(effect.controllers[0].controller, 11);
     EXPECT_EQ(effect.controllers[0].runsBefore, 0) << "arrives at position 0";
     EXPECT_EQ(effect.controllers[1].controller, 12);
-    EXPECT_EQ(runLengths(), (std::vector<int> { 6, 58 }));
+    EXPECT_EQ(runLengths(), (std::vector<int>{6, 58}));
 }
 
 TEST_F(BlockDriver, OtherMidiIsDroppedButStillSplitsTheBlock)
@@ -249,7 +250,7 @@ TEST_F(BlockDriver, OtherMidiIsDroppedButStillSplitsTheBlock)
     midi.addEvent(juce::MidiMessage::noteOn(1, 60, 0.5f), 8);
     process(buffer, midi);
     EXPECT_TRUE(effect.controllers.empty());
-    EXPECT_EQ(runLengths(), (std::vector<int> { 8, 12 }));
+    EXPECT_EQ(runLengths(), (std::vector<int>{8, 12}));
 }
 
 TEST_F(BlockDriver, TransportGivesTempoAlwaysAndPositionOnlyWhilePlaying)
@@ -263,7 +264,7 @@ TEST_F(BlockDriver, TransportGivesTempoAlwaysAndPositionOnlyWhilePlaying)
     EXPECT_FLOAT_EQ(effect.getHostTempo(), 97.5f);
     head.playing = true;
     process(buffer, midi, 2, 2, &head);
-    EXPECT_EQ(effect.positions, (std::vector<double> { 12.25 }));
+    EXPECT_EQ(effect.positions, (std::vector<double>{12.25}));
     head.deliver = false;
     process(buffer, midi, 2, 2, &head);
     EXPECT_EQ(effect.tempos.size(), 2u) << "no position: tempo and position stay as they were";
@@ -274,7 +275,7 @@ TEST_F(BlockDriver, RepeatedPrepareAtTheSameRateResetsWithoutRateChange)
     effect.resets.clear();
     effect.prepareToPlay(44100.0, 512);
     effect.prepareToPlay(48000.0, 256);
-    EXPECT_EQ(effect.resets, (std::vector<bool> { false, true }));
+    EXPECT_EQ(effect.resets, (std::vector<bool>{false, true}));
 }
 
 class BlockSplitting : public BlockDriver, public ::testing::WithParamInterface<int>
@@ -287,7 +288,7 @@ TEST_P(BlockSplitting, RunsCoverTheBlockAndControllersArriveAtTheirSample)
     // must arrive exactly after the samples before it, whatever the block size.
     const int blockSize = GetParam();
     const int total = 257;
-    const std::vector<int> ccSamples = { 0, 1, 31, 32, 100, 200, 255, 256 };
+    const std::vector<int> ccSamples = {0, 1, 31, 32, 100, 200, 255, 256};
 
     int processed = 0;
     std::vector<int> arrival; // samples handed to the core before each controller

@@ -12,10 +12,19 @@ struct HostLog : juce::AudioProcessorListener
 {
     std::vector<std::pair<int, float>> values;
     std::vector<std::pair<int, bool>> gestures;
-    void audioProcessorParameterChanged(juce::AudioProcessor*, int index, float value) override { values.emplace_back(index, value); }
+    void audioProcessorParameterChanged(juce::AudioProcessor*, int index, float value) override
+    {
+        values.emplace_back(index, value);
+    }
     void audioProcessorChanged(juce::AudioProcessor*, const ChangeDetails&) override {}
-    void audioProcessorParameterChangeGestureBegin(juce::AudioProcessor*, int index) override { gestures.emplace_back(index, true); }
-    void audioProcessorParameterChangeGestureEnd(juce::AudioProcessor*, int index) override { gestures.emplace_back(index, false); }
+    void audioProcessorParameterChangeGestureBegin(juce::AudioProcessor*, int index) override
+    {
+        gestures.emplace_back(index, true);
+    }
+    void audioProcessorParameterChangeGestureEnd(juce::AudioProcessor*, int index) override
+    {
+        gestures.emplace_back(index, false);
+    }
 };
 
 class HostParameters : public ::testing::Test
@@ -73,8 +82,8 @@ TEST_F(HostParameters, ChangesFromInsideReachTheHostWithGestures)
     parameter(14).setNormalized(0.2f, true);
     parameter(14).endChange();
     ASSERT_EQ(host.values.size(), 1u);
-    EXPECT_EQ(host.values[0], (std::pair<int, float> { 14, 0.2f }));
-    EXPECT_EQ(host.gestures, (std::vector<std::pair<int, bool>> { { 14, true }, { 14, false } }));
+    EXPECT_EQ(host.values[0], (std::pair<int, float>{14, 0.2f}));
+    EXPECT_EQ(host.gestures, (std::vector<std::pair<int, bool>>{{14, true}, {14, false}}));
     EXPECT_FLOAT_EQ(hostParameter(14).getValue(), 0.2f);
 
     parameter(29).setText("High", true);
@@ -173,7 +182,8 @@ TEST_F(HostParameters, MapDocumentsMoveParametersAndFollowTheFailureRules)
     } changes;
     plugin.getHostMapChanges().addChangeListener(&changes);
 
-    plugin.readHostMapXml(*juce::parseXML(juce::String(R"(<HostParametersMap name="Other"><assign hostParam="1" pluginParam="Output Volume"/></HostParametersMap>)")));
+    plugin.readHostMapXml(*juce::parseXML(juce::String(
+        R"(<HostParametersMap name="Other"><assign hostParam="1" pluginParam="Output Volume"/></HostParametersMap>)")));
     EXPECT_EQ(plugin.getParameterName(0), "Preamp") << "a foreign map changes nothing";
 
     plugin.readHostMapXml(*juce::parseXML(juce::String(R"(<hostparametersmap name="VELMARIN">
@@ -197,7 +207,8 @@ TEST_F(HostParameters, MapDocumentsMoveParametersAndFollowTheFailureRules)
 
     parameter(27).setNormalized(0.25f, true);
     ASSERT_FALSE(host.values.empty());
-    EXPECT_EQ(host.values.back(), (std::pair<int, float> { 0, 0.25f })) << "a change from inside goes to its new host index";
+    EXPECT_EQ(host.values.back(), (std::pair<int, float>{0, 0.25f}))
+        << "a change from inside goes to its new host index";
 
     plugin.getHostMapChanges().dispatchPendingMessages();
     EXPECT_GE(changes.calls, 1);
@@ -206,12 +217,15 @@ TEST_F(HostParameters, MapDocumentsMoveParametersAndFollowTheFailureRules)
 
 TEST(HostParameterMapSettings, TheSettingsMapFileReplacesTheDefaultMapAtStartUp)
 {
-    const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("host-settings", {}, false);
+    const auto user =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("host-settings", {}, false);
     user.createDirectory();
     const auto mapFile = user.getChildFile("mine.vmhpmap");
-    ASSERT_TRUE(mapFile.replaceWithText(R"(<HostParametersMap name="Velmarin"><assign hostParam="28" pluginParam="Preamp"/></HostParametersMap>)"));
-    ASSERT_TRUE(user.getChildFile("Velmarin.ini").replaceWithText(
-        R"(<UserSettings application="Velmarin"><HostParametersMap default="yes" file=")" + mapFile.getFullPathName() + R"("/></UserSettings>)"));
+    ASSERT_TRUE(mapFile.replaceWithText(
+        R"(<HostParametersMap name="Velmarin"><assign hostParam="28" pluginParam="Preamp"/></HostParametersMap>)"));
+    ASSERT_TRUE(user.getChildFile("Velmarin.ini")
+                    .replaceWithText(R"(<UserSettings application="Velmarin"><HostParametersMap default="yes" file=")" +
+                                     mapFile.getFullPathName() + R"("/></UserSettings>)"));
     {
         VelmarinProcessor p(FolderRule::fixed(user, {}));
         EXPECT_EQ(p.getParameters()[27]->getName(100), "Preamp");

@@ -23,7 +23,7 @@ Render render(double rate, const char* quality, double seconds)
 {
     VelmarinProcessor p;
     auto& manager = p.getPlugin().getParameterManager();
-    for (auto* name : { "Real-time Processing Quality", "Offline Processing Quality" })
+    for (auto* name : {"Real-time Processing Quality", "Offline Processing Quality"})
         manager.getParameter(juce::String(name))->setText(quality, true);
     constexpr int blockSize = 512;
     p.prepareToPlay(rate, blockSize);
@@ -41,10 +41,11 @@ Render render(double rate, const char* quality, double seconds)
             for (int i = 0; i < n; ++i)
             {
                 const double t = (start + i) / rate;
-                const double chord = std::sin(6.283185307179586 * 110.0 * t) + std::sin(6.283185307179586 * 165.0 * t)
-                                   + std::sin(6.283185307179586 * 220.0 * (t + ch * 0.001));
-                buffer.setSample(ch, i, static_cast<float>(0.2 * chord * std::exp(-3.0 * t))
-                                            + 0.02f * (random.nextFloat() * 2.0f - 1.0f));
+                const double chord = std::sin(6.283185307179586 * 110.0 * t) + std::sin(6.283185307179586 * 165.0 * t) +
+                                     std::sin(6.283185307179586 * 220.0 * (t + ch * 0.001));
+                buffer.setSample(ch, i,
+                                 static_cast<float>(0.2 * chord * std::exp(-3.0 * t)) +
+                                     0.02f * (random.nextFloat() * 2.0f - 1.0f));
             }
         p.processBlock(buffer, midi);
         for (int ch = 0; ch < 2; ++ch)
@@ -79,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(Rates, EveryHostRate,
 TEST(HostRates, LowRatesPeakWithinSixDecibelsOfTheSameRenderAt22050)
 {
     const float reference = render(22050.0, "Normal", 1.0).peak;
-    for (double rate : { 8000.0, 9600.0, 11025.0, 11799.0, 12000.0, 16000.0 })
+    for (double rate : {8000.0, 9600.0, 11025.0, 11799.0, 12000.0, 16000.0})
     {
         const auto r = render(rate, "Normal", 1.0);
         EXPECT_TRUE(r.finite) << rate;
@@ -90,7 +91,7 @@ TEST(HostRates, LowRatesPeakWithinSixDecibelsOfTheSameRenderAt22050)
 
 TEST(HostRates, RatesOutsideTheEnginesRangeAreTakenAsTheNearestEnd)
 {
-    for (double rate : { 1000.0, 2000000.0, 0.0, -44100.0, std::nan("") })
+    for (double rate : {1000.0, 2000000.0, 0.0, -44100.0, std::nan("")})
     {
         VelmarinProcessor p;
         p.prepareToPlay(rate, 64);
@@ -108,12 +109,12 @@ TEST(HostRates, ChannelsStayApartAtTheHighestRates)
     // With the default sound the two channels share nothing: a silent right input gives a silent
     // right output. A read before the start of the right channel's input ring would find the left
     // channel's samples there.
-    for (double rate : { 384000.0, 768000.0 })
-        for (const char* quality : { "Draft", "Ultra" })
+    for (double rate : {384000.0, 768000.0})
+        for (const char* quality : {"Draft", "Ultra"})
         {
             VelmarinProcessor p;
             auto& manager = p.getPlugin().getParameterManager();
-            for (auto* name : { "Real-time Processing Quality", "Offline Processing Quality" })
+            for (auto* name : {"Real-time Processing Quality", "Offline Processing Quality"})
                 manager.getParameter(juce::String(name))->setText(quality, true);
             p.prepareToPlay(rate, 1024);
             float rightPeak = 0.0f, leftPeak = 0.0f;

@@ -12,8 +12,14 @@ namespace
 class MidiMap : public ::testing::Test
 {
 protected:
-    Parameter* parameter(const char* name) { return processor.getPlugin().getParameterManager().getParameter(juce::String(name)); }
-    void cc(int controller, int value) { map.handleController(juce::MidiMessage::controllerEvent(3, controller, value)); }
+    Parameter* parameter(const char* name)
+    {
+        return processor.getPlugin().getParameterManager().getParameter(juce::String(name));
+    }
+    void cc(int controller, int value)
+    {
+        map.handleController(juce::MidiMessage::controllerEvent(3, controller, value));
+    }
     bool read(const juce::String& text) { return map.readXml(juce::parseXML(text).get()); }
 
     VelmarinProcessor processor;
@@ -84,7 +90,8 @@ TEST_F(MidiMap, DocumentsOfOtherProductsOrWithBadAssignmentsAreRefusedPieceByPie
     EXPECT_EQ(map.getController(parameter("BBD Length")), 0) << "a missing CC is 0";
     EXPECT_EQ(map.getParameter(7), nullptr) << "reading starts from an empty table";
 
-    const auto file = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("map", ".vmccmap", false);
+    const auto file =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("map", ".vmccmap", false);
     ASSERT_TRUE(map.saveToFile(file));
     const auto written = juce::parseXML(file);
     EXPECT_EQ(written->getStringAttribute("name"), "Velmarin");
@@ -114,23 +121,27 @@ TEST_F(MidiMap, TheMapTravelsInTheStateChunk)
     EXPECT_EQ(otherMap.getParameter(1), nullptr) << "the project's map replaces the instance's";
 
     juce::MemoryBlock withoutMap;
-    juce::AudioProcessor::copyXmlToBinary(*juce::parseXML(juce::String(R"(<PluginState application="Velmarin"/>)")), withoutMap);
+    juce::AudioProcessor::copyXmlToBinary(*juce::parseXML(juce::String(R"(<PluginState application="Velmarin"/>)")),
+                                          withoutMap);
     other.setStateInformation(withoutMap.getData(), static_cast<int>(withoutMap.getSize()));
     EXPECT_NE(otherMap.getParameter(7), nullptr) << "a chunk without a map leaves the map as it was";
 }
 
 TEST(MidiMapSettings, TheDefaultMapOfTheSettingsLoadsAtStartUp)
 {
-    const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("midi-settings", {}, false);
+    const auto user =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("midi-settings", {}, false);
     user.createDirectory();
     const auto mapFile = user.getChildFile("live.vmccmap");
-    ASSERT_TRUE(mapFile.replaceWithText(R"(<MidiControlMap name="Velmarin"><assign CC="21" param="LFO Rate L/M"/></MidiControlMap>)"));
+    ASSERT_TRUE(mapFile.replaceWithText(
+        R"(<MidiControlMap name="Velmarin"><assign CC="21" param="LFO Rate L/M"/></MidiControlMap>)"));
 
-    for (auto [flag, expectLoaded] : { std::pair { "yes", true }, std::pair { "no", false } })
+    for (auto [flag, expectLoaded] : {std::pair{"yes", true}, std::pair{"no", false}})
     {
-        ASSERT_TRUE(user.getChildFile("Velmarin.ini").replaceWithText(
-            juce::String(R"(<UserSettings application="Velmarin"><MidiControlMap default=")") + flag + "\" file=\""
-            + mapFile.getFullPathName() + R"("/></UserSettings>)"));
+        ASSERT_TRUE(
+            user.getChildFile("Velmarin.ini")
+                .replaceWithText(juce::String(R"(<UserSettings application="Velmarin"><MidiControlMap default=")") +
+                                 flag + "\" file=\"" + mapFile.getFullPathName() + R"("/></UserSettings>)"));
         VelmarinProcessor p(FolderRule::fixed(user, {}));
         EXPECT_EQ(p.getPlugin().getMidiMap().getParameter(21) != nullptr, expectLoaded) << flag;
         EXPECT_EQ(p.getPlugin().getMidiMapFile(), mapFile) << "the file is remembered either way";

@@ -69,7 +69,7 @@ TEST(PluginObject, DeclaresItsIdentityLatencyAndLayouts)
 
 TEST(PluginObject, BypassPassesAudioEndToEndOneSampleLateInEveryLayout)
 {
-    for (auto [ins, outs] : { std::pair { 2, 2 }, std::pair { 1, 2 }, std::pair { 1, 1 } })
+    for (auto [ins, outs] : {std::pair{2, 2}, std::pair{1, 2}, std::pair{1, 1}})
     {
         VelmarinProcessor p;
         ASSERT_TRUE(p.setBusesLayout(layout(ins, outs)));
@@ -134,7 +134,7 @@ TEST(PluginObject, StateRoundTripsIntoASecondInstance)
     VelmarinProcessor second;
     second.setStateInformation(state.getData(), static_cast<int>(state.getSize()));
     EXPECT_EQ(second.getPlugin().getStateWriteCount(), 1);
-    for (int index : { 0, 20, 16, 100001, 100003, 100000, 29 })
+    for (int index : {0, 20, 16, 100001, 100003, 100000, 29})
         EXPECT_EQ(text(second, index), text(first, index)) << index;
 
     juce::MemoryBlock again;
@@ -149,26 +149,28 @@ TEST(PluginObject, ForeignOrBrokenChunksChangeNothing)
     juce::MemoryBlock before;
     p.getStateInformation(before);
 
-    auto chunkFor = [](const juce::String& xmlText) {
+    auto chunkFor = [](const juce::String& xmlText)
+    {
         juce::MemoryBlock block;
         juce::AudioProcessor::copyXmlToBinary(*juce::parseXML(xmlText), block);
         return block;
     };
-    const juce::MemoryBlock foreign = chunkFor(R"(<PluginState application="Other"><ParametersState><Preset><Parameters><param name="Feedback L/M" value="0.1"/></Parameters></Preset></ParametersState></PluginState>)");
+    const juce::MemoryBlock foreign = chunkFor(
+        R"(<PluginState application="Other"><ParametersState><Preset><Parameters><param name="Feedback L/M" value="0.1"/></Parameters></Preset></ParametersState></PluginState>)");
     const juce::MemoryBlock wrongRoot = chunkFor(R"(<State application="Velmarin"/>)");
     const char garbage[] = "VC2!\x10\x00\x00\x00<PluginState";
     juce::MemoryBlock noise(300);
     juce::Random random(7);
     random.fillBitsRandomly(noise.getData(), noise.getSize());
     const std::vector<std::pair<const void*, int>> chunks = {
-        { before.getData(), static_cast<int>(before.getSize() / 2) },
-        { noise.getData(), static_cast<int>(noise.getSize()) },
-        { foreign.getData(), static_cast<int>(foreign.getSize()) },
-        { wrongRoot.getData(), static_cast<int>(wrongRoot.getSize()) },
-        { garbage, static_cast<int>(sizeof(garbage)) },
-        { garbage, 1 },
-        { garbage, 0 },
-        { nullptr, 0 },
+        {before.getData(), static_cast<int>(before.getSize() / 2)},
+        {noise.getData(), static_cast<int>(noise.getSize())},
+        {foreign.getData(), static_cast<int>(foreign.getSize())},
+        {wrongRoot.getData(), static_cast<int>(wrongRoot.getSize())},
+        {garbage, static_cast<int>(sizeof(garbage))},
+        {garbage, 1},
+        {garbage, 0},
+        {nullptr, 0},
     };
     for (const auto& [data, size] : chunks)
         p.setStateInformation(data, size);
@@ -185,10 +187,12 @@ TEST(PluginObject, ChunkNamesTheApplicationIgnoringCaseAndFillsGapsFromDefaults)
     setText(p, 0, "0.5");
     setText(p, 27, "0.9");
     juce::MemoryBlock block;
-    juce::AudioProcessor::copyXmlToBinary(*juce::parseXML(juce::String(
-        R"(<PluginState application="velmarin"><ParametersState><Preset name="Older"><Parameters>
+    juce::AudioProcessor::copyXmlToBinary(
+        *juce::parseXML(juce::String(
+            R"(<PluginState application="velmarin"><ParametersState><Preset name="Older"><Parameters>
              <param name="Output Volume" value="0.2"/><param name="Gone Knob" value="1"/>
-           </Parameters></Preset></ParametersState></PluginState>)")), block);
+           </Parameters></Preset></ParametersState></PluginState>)")),
+        block);
     p.setStateInformation(block.getData(), static_cast<int>(block.getSize()));
     EXPECT_EQ(text(p, 27), "0.2");
     EXPECT_EQ(text(p, 0), "0") << "a parameter the chunk lacks goes to its default";
@@ -212,10 +216,10 @@ TEST(PluginObject, NonFiniteInputIsSilencedBeforeTheEngineAndNeverPoisonsIt)
     // Two instances: one gets NaN and infinities in place of some samples, the other zeros there.
     // Their outputs must be identical, and finite, during and long after the burst.
     VelmarinProcessor poisoned, clean;
-    for (auto* p : { &poisoned, &clean })
+    for (auto* p : {&poisoned, &clean})
         p->prepareToPlay(44100.0, 256);
-    const float bad[] = { std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
-                          -std::numeric_limits<float>::infinity() };
+    const float bad[] = {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
+                         -std::numeric_limits<float>::infinity()};
     juce::Random random(11);
     for (int block = 0; block < 40; ++block)
     {

@@ -18,9 +18,13 @@ protected:
     FolderRule folders() const { return FolderRule::fixed(user, data); }
 
     juce::File settingsFile() const { return user.getChildFile("Velmarin.ini"); }
-    static juce::String text(VelmarinProcessor& p, int index) { return p.getPlugin().getParameterManager().getText(index); }
+    static juce::String text(VelmarinProcessor& p, int index)
+    {
+        return p.getPlugin().getParameterManager().getText(index);
+    }
 
-    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("settings", {}, false);
+    juce::File user =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("settings", {}, false);
     juce::File data = user.getChildFile("shared");
 };
 } // namespace
@@ -50,7 +54,7 @@ TEST_F(UserSettingsFile, FirstStartMakesTheFoldersAndTeardownWritesTheFile)
         tags.add(child->getTagName());
     EXPECT_EQ(tags.joinIntoString(" "), "Presets MidiControlMap HostParametersMap DefaultProcessingQuality");
     EXPECT_NE(root->getChildByName("Presets")->getChildByName("Author"), nullptr);
-    for (auto* map : { "MidiControlMap", "HostParametersMap" })
+    for (auto* map : {"MidiControlMap", "HostParametersMap"})
     {
         EXPECT_EQ(root->getChildByName(map)->getStringAttribute("default"), "no");
         EXPECT_FALSE(root->getChildByName(map)->hasAttribute("file"));
@@ -92,9 +96,9 @@ TEST_F(UserSettingsFile, DefaultQualitiesAndMapChoicesReachTheNextInstance)
 
 TEST_F(UserSettingsFile, ForeignOrBrokenFilesAreIgnoredAndReplaced)
 {
-    for (auto content : { R"(<UserSettings application="Other"><MidiControlMap default="yes" file="/x.vmccmap"/>
+    for (auto content : {R"(<UserSettings application="Other"><MidiControlMap default="yes" file="/x.vmccmap"/>
                                <DefaultProcessingQuality><Preset><Parameters><param name="Default Real-time Processing Quality" value="Draft"/></Parameters></Preset></DefaultProcessingQuality></UserSettings>)",
-                          "<UserSettings application=\"Velmarin\"><MidiControlMap", "\x01\x02 not xml" })
+                         "<UserSettings application=\"Velmarin\"><MidiControlMap", "\x01\x02 not xml"})
     {
         ASSERT_TRUE(settingsFile().replaceWithText(content));
         {
@@ -110,7 +114,8 @@ TEST_F(UserSettingsFile, ForeignOrBrokenFilesAreIgnoredAndReplaced)
 
 TEST(FolderRuleTest, DevelopmentBuildsUseFoldersBesideThePluginWhenTheyExist)
 {
-    const auto dir = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("rule", {}, false);
+    const auto dir =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("rule", {}, false);
     const auto pluginFile = dir.getChildFile("Probe.so");
     dir.getChildFile("Probe_user").createDirectory();
 

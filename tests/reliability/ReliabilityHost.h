@@ -66,9 +66,9 @@ public:
             ppq.store(ppq.load() + numSamples / sampleRate * bpm.load() / 60.0);
     }
 
-    std::atomic<double> bpm { 120.0 };
-    std::atomic<bool> playing { true };
-    std::atomic<double> ppq { 0.0 };
+    std::atomic<double> bpm{120.0};
+    std::atomic<bool> playing{true};
+    std::atomic<double> ppq{0.0};
 };
 
 /** The largest output magnitude a sound instance can give after input peaks of `recentInputPeak`.

@@ -24,13 +24,13 @@
 namespace
 {
 constexpr int maxBlockSize = 8192;
-const double sampleRates[] = { 8000.0,   11025.0, 22050.0, 24000.0, 32000.0, 44100.0, 48000.0,  88200.0,  96000.0,
-                               176400.0, 192000.0, 22051.0, 37800.0, 44099.5, 61379.0, 191999.0, 384000.0, 768000.0 };
-const char* const qualities[] = { "Draft", "Normal", "High", "Ultra" };
+const double sampleRates[] = {8000.0,   11025.0,  22050.0, 24000.0, 32000.0, 44100.0, 48000.0,  88200.0,  96000.0,
+                              176400.0, 192000.0, 22051.0, 37800.0, 44099.5, 61379.0, 191999.0, 384000.0, 768000.0};
+const char* const qualities[] = {"Draft", "Normal", "High", "Ultra"};
 
 double threadCpuNanoseconds()
 {
-    timespec t {};
+    timespec t{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
     return static_cast<double>(t.tv_sec) * 1e9 + static_cast<double>(t.tv_nsec);
 }
@@ -115,20 +115,26 @@ public:
             {
                 switch (kind)
                 {
-                    case 0: x[i] = 0.0f; break;
-                    case 1: x[i] = level * (random.nextFloat() * 2.0f - 1.0f); break;
-                    case 2:
-                        x[i] = level * static_cast<float>(std::sin(phase + ch));
-                        phase += 6.283185307179586 * 440.0 / sampleRate;
-                        break;
-                    default: x[i] = random.nextInt(64) == 0 ? level : 0.0f; break; // clicks
+                case 0:
+                    x[i] = 0.0f;
+                    break;
+                case 1:
+                    x[i] = level * (random.nextFloat() * 2.0f - 1.0f);
+                    break;
+                case 2:
+                    x[i] = level * static_cast<float>(std::sin(phase + ch));
+                    phase += 6.283185307179586 * 440.0 / sampleRate;
+                    break;
+                default:
+                    x[i] = random.nextInt(64) == 0 ? level : 0.0f;
+                    break; // clicks
                 }
             }
         }
         if (numSamples > 0 && random.nextInt(10) == 0)
         {
-            const float specials[] = { std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
-                                       -std::numeric_limits<float>::infinity(), 1e6f, -3e38f };
+            const float specials[] = {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
+                                      -std::numeric_limits<float>::infinity(), 1e6f, -3e38f};
             for (int burst = 1 + random.nextInt(32); --burst >= 0;)
             {
                 const int ch = random.nextInt(2), at = random.nextInt(numSamples);
@@ -197,10 +203,11 @@ TEST(Soak, HostDrivenInstanceStaysFiniteBoundedAndOffTheHeap)
     std::vector<double> minuteMedians;
     double worstOutputRatio = 0.0;
 
-    const auto reportMinute = [&](bool complete) {
+    const auto reportMinute = [&](bool complete)
+    {
         const double median = figures.median();
-        std::printf("soak minute %d%s: %d blocks, ns/sample median %.1f max %.1f\n", minute + 1, complete ? "" : " (part)",
-                    figures.blocks, median, figures.maximum());
+        std::printf("soak minute %d%s: %d blocks, ns/sample median %.1f max %.1f\n", minute + 1,
+                    complete ? "" : " (part)", figures.blocks, median, figures.maximum());
         if (complete)
             minuteMedians.push_back(median);
         figures = {};
@@ -224,8 +231,10 @@ TEST(Soak, HostDrivenInstanceStaysFiniteBoundedAndOffTheHeap)
         {
             auto* p = hostParameters.getUnchecked(random.nextInt(hostParameters.size()));
             const int kind = random.nextInt(20);
-            const float value = kind == 0 ? -0.25f : kind == 1 ? 1.25f : kind == 2 ? std::numeric_limits<float>::quiet_NaN()
-                                                                                    : random.nextFloat();
+            const float value = kind == 0   ? -0.25f
+                                : kind == 1 ? 1.25f
+                                : kind == 2 ? std::numeric_limits<float>::quiet_NaN()
+                                            : random.nextFloat();
             p->setValue(value);
         }
         if (gestureParameter < 0 && random.nextInt(20) == 0)
@@ -265,11 +274,13 @@ TEST(Soak, HostDrivenInstanceStaysFiniteBoundedAndOffTheHeap)
             const int kind = random.nextInt(10);
             if (kind < 8)
                 midi.addEvent(juce::MidiMessage::controllerEvent(1 + random.nextInt(16),
-                                                                 reliability::firstMappedController + random.nextInt(reliability::numMappedControllers),
+                                                                 reliability::firstMappedController +
+                                                                     random.nextInt(reliability::numMappedControllers),
                                                                  random.nextInt(128)),
                               position);
             else if (kind == 8)
-                midi.addEvent(juce::MidiMessage::controllerEvent(1, random.nextInt(128), random.nextInt(128)), position);
+                midi.addEvent(juce::MidiMessage::controllerEvent(1, random.nextInt(128), random.nextInt(128)),
+                              position);
             else if (random.nextBool())
                 midi.addEvent(juce::MidiMessage::noteOn(1, 60, 0.5f), position);
             else
@@ -308,8 +319,9 @@ TEST(Soak, HostDrivenInstanceStaysFiniteBoundedAndOffTheHeap)
         // processBlock may make.
         const auto blockPosts = static_cast<size_t>(postCounter.posts);
         ASSERT_LT(blockPosts, queueGrowth.size());
-        ASSERT_EQ(calls, queueGrowth[blockPosts]) << "heap calls in processBlock beyond the message posts, block " << blocks
-                                                  << ", " << numSamples << " samples, " << blockPosts << " posts";
+        ASSERT_EQ(calls, queueGrowth[blockPosts])
+            << "heap calls in processBlock beyond the message posts, block " << blocks << ", " << numSamples
+            << " samples, " << blockPosts << " posts";
         heapCalls += calls;
         heapCallsForPosts += queueGrowth[blockPosts];
         posts += blockPosts;
@@ -318,12 +330,14 @@ TEST(Soak, HostDrivenInstanceStaysFiniteBoundedAndOffTheHeap)
         const float limit = reliability::outputLimit(std::max(inputEnvelope, blockPeak));
         const int bad = reliability::firstBadSample(buffer, numSamples, limit);
         ASSERT_EQ(bad, -1) << "block " << blocks << " at " << sampleRate << " Hz: sample " << bad << " is "
-                           << buffer.getSample(0, juce::jmax(0, bad)) << " / " << buffer.getSample(1, juce::jmax(0, bad))
-                           << " against a limit of " << limit;
+                           << buffer.getSample(0, juce::jmax(0, bad)) << " / "
+                           << buffer.getSample(1, juce::jmax(0, bad)) << " against a limit of " << limit;
         for (int ch = 0; ch < 2; ++ch)
             for (int i = 0; i < numSamples; ++i)
-                worstOutputRatio = std::max(worstOutputRatio, std::abs(buffer.getSample(ch, i)) / (1.0 + std::max(inputEnvelope, blockPeak)));
-        inputEnvelope = std::max(blockPeak, inputEnvelope * static_cast<float>(std::pow(0.5, numSamples / (0.05 * sampleRate))));
+                worstOutputRatio = std::max(worstOutputRatio, std::abs(buffer.getSample(ch, i)) /
+                                                                  (1.0 + std::max(inputEnvelope, blockPeak)));
+        inputEnvelope =
+            std::max(blockPeak, inputEnvelope * static_cast<float>(std::pow(0.5, numSamples / (0.05 * sampleRate))));
 
         transport.advance(numSamples, sampleRate);
         ++blocks;
@@ -350,10 +364,11 @@ TEST(Soak, HostDrivenInstanceStaysFiniteBoundedAndOffTheHeap)
     processor.setPlayHead(nullptr);
     manager.removeAsyncListenerFromAll(&postCounter);
 
-    std::printf("soak total: %.1f s of audio, %llu blocks, %llu heap calls in processBlock, all from %llu message posts; "
-                "largest |output| / (1 + recent input peak): %.1f\n",
-                audioSeconds, static_cast<unsigned long long>(blocks), static_cast<unsigned long long>(heapCalls),
-                static_cast<unsigned long long>(posts), worstOutputRatio);
+    std::printf(
+        "soak total: %.1f s of audio, %llu blocks, %llu heap calls in processBlock, all from %llu message posts; "
+        "largest |output| / (1 + recent input peak): %.1f\n",
+        audioSeconds, static_cast<unsigned long long>(blocks), static_cast<unsigned long long>(heapCalls),
+        static_cast<unsigned long long>(posts), worstOutputRatio);
     EXPECT_EQ(heapCalls, heapCallsForPosts);
 
     // The cost per sample must not creep up over a long run. The mix of rates, settings and

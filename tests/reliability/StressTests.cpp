@@ -6,8 +6,8 @@
 //
 // Run length: VELMARIN_STRESS_SECONDS seconds (default 2).
 #include "ReliabilityHost.h"
-#include "product/VelmarinProcessor.h"
 #include "product/Velmarin.h"
+#include "product/VelmarinProcessor.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ struct HostListener : juce::AudioProcessorListener
     void audioProcessorChanged(juce::AudioProcessor*, const ChangeDetails&) override {}
     void audioProcessorParameterChangeGestureBegin(juce::AudioProcessor*, int) override { ++gestures; }
     void audioProcessorParameterChangeGestureEnd(juce::AudioProcessor*, int) override {}
-    std::atomic<int> values { 0 }, gestures { 0 };
+    std::atomic<int> values{0}, gestures{0};
 };
 
 /** The editor's view of the parameters: told on the message thread. */
@@ -69,72 +69,80 @@ TEST(Stress, ConcurrentHostEditorStateAndAudioThreadsKeepTheInstanceSound)
     processor.setPlayHead(&transport);
     processor.prepareToPlay(sampleRate, maxBlockSize);
 
-    std::atomic<bool> stop { false };
-    std::atomic<int> blocks { 0 }, badBlocks { 0 }, automationWrites { 0 }, stateLoads { 0 };
+    std::atomic<bool> stop{false};
+    std::atomic<int> blocks{0}, badBlocks{0}, automationWrites{0}, stateLoads{0};
 
-    std::thread audio([&] {
-        juce::Random random(1);
-        juce::AudioBuffer<float> buffer(2, maxBlockSize);
-        juce::MidiBuffer midi;
-        midi.ensureSize(1024);
-        while (! stop.load())
+    std::thread audio(
+        [&]
         {
-            const int n = 1 + random.nextInt(maxBlockSize);
-            buffer.setSize(2, n, false, false, true);
-            for (int ch = 0; ch < 2; ++ch)
-                for (int i = 0; i < n; ++i)
-                    buffer.setSample(ch, i, random.nextFloat() - 0.5f);
-            if (random.nextInt(20) == 0)
-                buffer.setSample(random.nextInt(2), random.nextInt(n), std::numeric_limits<float>::quiet_NaN());
-            midi.clear();
-            for (int e = random.nextInt(4); --e >= 0;)
-                midi.addEvent(juce::MidiMessage::controllerEvent(1, reliability::firstMappedController + random.nextInt(reliability::numMappedControllers),
-                                                                 random.nextInt(128)),
-                              random.nextInt(n));
-            if (random.nextInt(50) == 0)
-                processor.processBlockBypassed(buffer, midi);
-            else
-                processor.processBlock(buffer, midi);
-            if (reliability::firstBadSample(buffer, n, reliability::outputLimit(0.5f)) >= 0)
-                ++badBlocks;
-            transport.advance(n, sampleRate);
-            ++blocks;
-        }
-    });
+            juce::Random random(1);
+            juce::AudioBuffer<float> buffer(2, maxBlockSize);
+            juce::MidiBuffer midi;
+            midi.ensureSize(1024);
+            while (! stop.load())
+            {
+                const int n = 1 + random.nextInt(maxBlockSize);
+                buffer.setSize(2, n, false, false, true);
+                for (int ch = 0; ch < 2; ++ch)
+                    for (int i = 0; i < n; ++i)
+                        buffer.setSample(ch, i, random.nextFloat() - 0.5f);
+                if (random.nextInt(20) == 0)
+                    buffer.setSample(random.nextInt(2), random.nextInt(n), std::numeric_limits<float>::quiet_NaN());
+                midi.clear();
+                for (int e = random.nextInt(4); --e >= 0;)
+                    midi.addEvent(
+                        juce::MidiMessage::controllerEvent(
+                            1, reliability::firstMappedController + random.nextInt(reliability::numMappedControllers),
+                            random.nextInt(128)),
+                        random.nextInt(n));
+                if (random.nextInt(50) == 0)
+                    processor.processBlockBypassed(buffer, midi);
+                else
+                    processor.processBlock(buffer, midi);
+                if (reliability::firstBadSample(buffer, n, reliability::outputLimit(0.5f)) >= 0)
+                    ++badBlocks;
+                transport.advance(n, sampleRate);
+                ++blocks;
+            }
+        });
 
-    std::thread hostThread([&] {
-        juce::Random random(2);
-        while (! stop.load())
+    std::thread hostThread(
+        [&]
         {
-            auto* p = hostParameters.getUnchecked(random.nextInt(hostParameters.size()));
-            p->setValue(random.nextFloat());
-            // A host's display asks for values and texts at any time, and reads typed texts back.
-            (void) p->getValue();
-            (void) p->getValueForText(p->getText(random.nextFloat(), 32));
-            (void) p->getCurrentValueAsText();
-            ++automationWrites;
-            if (random.nextInt(200) == 0)
-                processor.setNonRealtime(! processor.isNonRealtime());
-            if (random.nextInt(100) == 0)
-                transport.bpm.store(60.0 + random.nextDouble() * 120.0);
-            sleepMicroseconds(100);
-        }
-    });
+            juce::Random random(2);
+            while (! stop.load())
+            {
+                auto* p = hostParameters.getUnchecked(random.nextInt(hostParameters.size()));
+                p->setValue(random.nextFloat());
+                // A host's display asks for values and texts at any time, and reads typed texts back.
+                (void)p->getValue();
+                (void)p->getValueForText(p->getText(random.nextFloat(), 32));
+                (void)p->getCurrentValueAsText();
+                ++automationWrites;
+                if (random.nextInt(200) == 0)
+                    processor.setNonRealtime(! processor.isNonRealtime());
+                if (random.nextInt(100) == 0)
+                    transport.bpm.store(60.0 + random.nextDouble() * 120.0);
+                sleepMicroseconds(100);
+            }
+        });
 
-    std::thread stateThread([&] {
-        juce::Random random(3);
-        std::vector<juce::MemoryBlock> saved;
-        while (! stop.load())
+    std::thread stateThread(
+        [&]
         {
-            saved.push_back(stateOf(processor));
-            if (saved.size() > 8)
-                saved.erase(saved.begin());
-            const auto& state = saved[static_cast<size_t>(random.nextInt(static_cast<int>(saved.size())))];
-            processor.setStateInformation(state.getData(), static_cast<int>(state.getSize()));
-            ++stateLoads;
-            sleepMicroseconds(2000);
-        }
-    });
+            juce::Random random(3);
+            std::vector<juce::MemoryBlock> saved;
+            while (! stop.load())
+            {
+                saved.push_back(stateOf(processor));
+                if (saved.size() > 8)
+                    saved.erase(saved.begin());
+                const auto& state = saved[static_cast<size_t>(random.nextInt(static_cast<int>(saved.size())))];
+                processor.setStateInformation(state.getData(), static_cast<int>(state.getSize()));
+                ++stateLoads;
+                sleepMicroseconds(2000);
+            }
+        });
 
     // This thread is the message thread: the editor's gestures, its read-out timer, the messages.
     juce::Random random(4);

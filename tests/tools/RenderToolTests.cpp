@@ -69,7 +69,7 @@ std::unique_ptr<juce::AudioFormatReader> openWav(const juce::File& file)
 class RenderTool : public ::testing::Test
 {
 protected:
-    juce::TemporaryFile outFile { ".wav" };
+    juce::TemporaryFile outFile{".wav"};
     juce::String outPath() const { return outFile.getFile().getFullPathName(); }
 };
 } // namespace
@@ -77,10 +77,13 @@ protected:
 TEST(RenderOptions, RefusesBadUsageWithOneClearLine)
 {
     const std::vector<std::vector<const char*>> bad = {
-        { "--block", "0" },       { "--block", "65537" },   { "--block", "12x" },   { "--rate", "7999" },
-        { "--rate", "768001" },   { "--layout", "2-1" },    { "--quality", "best" }, { "--cc", "10:7" },
-        { "--cc", "10:128:1" },   { "--cc", "-1:7:1" },     { "--set", "NoEquals" }, { "--tempo", "0" },
-        { "--frobnicate" },       { "--out" },
+        {"--block", "0"},      {"--block", "65537"},
+        {"--block", "12x"},    {"--rate", "7999"},
+        {"--rate", "768001"},  {"--layout", "2-1"},
+        {"--quality", "best"}, {"--cc", "10:7"},
+        {"--cc", "10:128:1"},  {"--cc", "-1:7:1"},
+        {"--set", "NoEquals"}, {"--tempo", "0"},
+        {"--frobnicate"},      {"--out"},
     };
     for (const auto& args : bad)
     {
@@ -95,8 +98,8 @@ TEST(RenderOptions, RefusesBadUsageWithOneClearLine)
 
 TEST(RenderOptions, ReadsRepeatableOptionsInOrder)
 {
-    const auto r = parse({ "--set", "BBD Length=512", "--set", "Preamp=0.25", "--cc", "1000:7:127", "--block", "1",
-                           "--tempo", "133", "--playing", "--layout", "1-2" });
+    const auto r = parse({"--set", "BBD Length=512", "--set", "Preamp=0.25", "--cc", "1000:7:127", "--block", "1",
+                          "--tempo", "133", "--playing", "--layout", "1-2"});
     ASSERT_TRUE(r.ok()) << r.error;
     ASSERT_EQ(r.options.sets.size(), 2u);
     EXPECT_EQ(r.options.sets[0].first, "BBD Length");
@@ -126,8 +129,8 @@ TEST(DemoSignal, IsDeterministicStereoAndAudible)
 
 TEST_F(RenderTool, WritesFloatWavAtTheInputRateWithTheLayoutsChannels)
 {
-    const auto r = render({ "--rate", "48000", "--seconds", "0.5", "--layout", "1-2", "--block", "100", "--tail", "0.25",
-                            "--out", outPath().toRawUTF8() });
+    const auto r = render({"--rate", "48000", "--seconds", "0.5", "--layout", "1-2", "--block", "100", "--tail", "0.25",
+                           "--out", outPath().toRawUTF8()});
     ASSERT_EQ(r.status, 0) << r.error;
     auto reader = openWav(outFile.getFile());
     ASSERT_NE(reader, nullptr);
@@ -140,9 +143,10 @@ TEST_F(RenderTool, WritesFloatWavAtTheInputRateWithTheLayoutsChannels)
 
 TEST_F(RenderTool, RendersAtTheLowestAndHighestHostRates)
 {
-    for (const char* rate : { "8000", "768000" })
+    for (const char* rate : {"8000", "768000"})
     {
-        const auto r = render({ "--rate", rate, "--seconds", "0.1", "--quality", "Ultra", "--out", outPath().toRawUTF8() });
+        const auto r =
+            render({"--rate", rate, "--seconds", "0.1", "--quality", "Ultra", "--out", outPath().toRawUTF8()});
         ASSERT_EQ(r.status, 0) << r.error;
         auto reader = openWav(outFile.getFile());
         ASSERT_NE(reader, nullptr);
@@ -158,8 +162,10 @@ TEST_F(RenderTool, RendersAtTheLowestAndHighestHostRates)
 TEST_F(RenderTool, RendersTheSameWhateverTheBlockSize)
 {
     juce::TemporaryFile other(".wav");
-    ASSERT_EQ(render({ "--seconds", "0.3", "--block", "512", "--out", outPath().toRawUTF8() }).status, 0);
-    ASSERT_EQ(render({ "--seconds", "0.3", "--block", "37", "--out", other.getFile().getFullPathName().toRawUTF8() }).status, 0);
+    ASSERT_EQ(render({"--seconds", "0.3", "--block", "512", "--out", outPath().toRawUTF8()}).status, 0);
+    ASSERT_EQ(
+        render({"--seconds", "0.3", "--block", "37", "--out", other.getFile().getFullPathName().toRawUTF8()}).status,
+        0);
     juce::MemoryBlock a, b;
     outFile.getFile().loadFileAsData(a);
     other.getFile().loadFileAsData(b);
@@ -172,27 +178,28 @@ TEST_F(RenderTool, BadInputExitsTwoAndLeavesAnExistingOutputAlone)
     juce::TemporaryFile notAudio(".wav");
     ASSERT_TRUE(notAudio.getFile().replaceWithText("this is not audio"));
 
-    const auto unknown = render({ "--set", "No Such Knob=1", "--out", outPath().toRawUTF8() });
+    const auto unknown = render({"--set", "No Such Knob=1", "--out", outPath().toRawUTF8()});
     EXPECT_EQ(unknown.status, 2);
     EXPECT_TRUE(unknown.error.contains("No Such Knob"));
 
     // Texts a parameter's text form would read as something else than was meant.
-    for (const char* set : { "BBD Length=17", "Feedback L/M=abc", "LFO Sync=On", "Preamp=nan", "Preamp=1.5",
-                             "Delay Offset Link=maybe" })
+    for (const char* set :
+         {"BBD Length=17", "Feedback L/M=abc", "LFO Sync=On", "Preamp=nan", "Preamp=1.5", "Delay Offset Link=maybe"})
     {
-        const auto refused = render({ "--set", set, "--out", outPath().toRawUTF8() });
+        const auto refused = render({"--set", set, "--out", outPath().toRawUTF8()});
         EXPECT_EQ(refused.status, 2) << set;
         EXPECT_TRUE(refused.error.contains("is not a value of")) << set << ": " << refused.error;
         EXPECT_FALSE(refused.error.containsChar('\n'));
     }
 
-    const auto broken = render({ "--in", notAudio.getFile().getFullPathName().toRawUTF8(), "--out", outPath().toRawUTF8() });
+    const auto broken =
+        render({"--in", notAudio.getFile().getFullPathName().toRawUTF8(), "--out", outPath().toRawUTF8()});
     EXPECT_EQ(broken.status, 2);
 
-    const auto missing = render({ "--in", "/nonexistent/in.wav", "--out", outPath().toRawUTF8() });
+    const auto missing = render({"--in", "/nonexistent/in.wav", "--out", outPath().toRawUTF8()});
     EXPECT_EQ(missing.status, 2);
 
-    const auto state = render({ "--state-in", "/nonexistent/state.bin", "--out", outPath().toRawUTF8() });
+    const auto state = render({"--state-in", "/nonexistent/state.bin", "--out", outPath().toRawUTF8()});
     EXPECT_EQ(state.status, 2);
 
     EXPECT_EQ(outFile.getFile().loadFileAsString(), "precious");
@@ -200,15 +207,16 @@ TEST_F(RenderTool, BadInputExitsTwoAndLeavesAnExistingOutputAlone)
 
 TEST_F(RenderTool, PrintsParametersAfterSetsAndQuality)
 {
-    const auto r = render({ "--seconds", "0.05", "--set", "BBD Length=512", "--set", "Delay Offset Link=Off",
-                            "--quality", "Ultra", "--print-params" });
+    const auto r = render({"--seconds", "0.05", "--set", "BBD Length=512", "--set", "Delay Offset Link=Off",
+                           "--quality", "Ultra", "--print-params"});
     ASSERT_EQ(r.status, 0) << r.error;
     juce::StringArray lines;
     lines.addLines(r.output.trimEnd());
     ASSERT_EQ(lines.size(), 35);
     EXPECT_EQ(lines[20], "20\tBBD Length\t512\t512");
     EXPECT_EQ(lines[5], "5\tDelay Offset Link\tOff\tOff");
-    EXPECT_TRUE(lines[29].startsWith("29\tProcessing Quality\tUltra")) << "the real-time quality reached the engine's selector at prepare";
+    EXPECT_TRUE(lines[29].startsWith("29\tProcessing Quality\tUltra"))
+        << "the real-time quality reached the engine's selector at prepare";
     EXPECT_TRUE(lines[31].startsWith("100001\tReal-time Processing Quality\tUltra"));
     EXPECT_TRUE(lines[32].startsWith("100003\tOffline Processing Quality\tUltra"));
 }
@@ -217,7 +225,7 @@ TEST_F(RenderTool, DrawsASpectrogramOfTheOutput)
 {
     juce::TemporaryFile picture(".png");
     const auto path = picture.getFile().getFullPathName();
-    const auto r = render({ "--seconds", "0.3", "--spectrogram", path.toRawUTF8() });
+    const auto r = render({"--seconds", "0.3", "--spectrogram", path.toRawUTF8()});
     ASSERT_EQ(r.status, 0) << r.error;
     const auto image = juce::ImageFileFormat::loadFrom(picture.getFile());
     ASSERT_TRUE(image.isValid());
@@ -229,19 +237,19 @@ TEST_F(RenderTool, DrawsASpectrogramOfTheOutput)
             lit = image.getPixelAt(x, y).getBrightness() > 0.5f;
     EXPECT_TRUE(lit);
 
-    const auto bad = render({ "--seconds", "0.1", "--spectrogram", "/nonexistent-folder/x.png" });
+    const auto bad = render({"--seconds", "0.1", "--spectrogram", "/nonexistent-folder/x.png"});
     EXPECT_EQ(bad.status, 2);
     EXPECT_TRUE(bad.error.contains("spectrogram"));
 }
 
 TEST_F(RenderTool, PrintsTheClockFrequencyReachedAtTheEndOfTheRender)
 {
-    const auto settled = render({ "--seconds", "0.5", "--set", "Delay Offset L/M=0", "--set", "LFO Depth L/M=0",
-                                  "--print-params" });
+    const auto settled =
+        render({"--seconds", "0.5", "--set", "Delay Offset L/M=0", "--set", "LFO Depth L/M=0", "--print-params"});
     ASSERT_EQ(settled.status, 0) << settled.error;
     EXPECT_TRUE(settled.output.contains("28\tCurrent BBD Frequency\t1.35M\t")) << settled.output;
 
-    const auto bypassed = render({ "--seconds", "0.1", "--bypass", "--print-params" });
+    const auto bypassed = render({"--seconds", "0.1", "--bypass", "--print-params"});
     ASSERT_EQ(bypassed.status, 0) << bypassed.error;
     EXPECT_TRUE(bypassed.output.contains("28\tCurrent BBD Frequency\t\t")) << "a bypassed run reads out no clock";
 }
@@ -250,9 +258,11 @@ TEST_F(RenderTool, StateWrittenByOneRunRestoresInTheNext)
 {
     juce::TemporaryFile state(".bin");
     const auto statePath = state.getFile().getFullPathName();
-    ASSERT_EQ(render({ "--seconds", "0", "--set", "Feedback L/M=0.8", "--set", "Low Cut=Off",
-                       "--state-out", statePath.toRawUTF8() }).status, 0);
-    const auto r = render({ "--seconds", "0", "--state-in", statePath.toRawUTF8(), "--print-params" });
+    ASSERT_EQ(render({"--seconds", "0", "--set", "Feedback L/M=0.8", "--set", "Low Cut=Off", "--state-out",
+                      statePath.toRawUTF8()})
+                  .status,
+              0);
+    const auto r = render({"--seconds", "0", "--state-in", statePath.toRawUTF8(), "--print-params"});
     ASSERT_EQ(r.status, 0) << r.error;
     EXPECT_TRUE(r.output.contains("14\tFeedback L/M\t0.8\t"));
     EXPECT_TRUE(r.output.contains("22\tLow Cut\tOff\t"));
@@ -260,7 +270,7 @@ TEST_F(RenderTool, StateWrittenByOneRunRestoresInTheNext)
 
 TEST_F(RenderTool, BenchReportsTheRealtimeFactor)
 {
-    const auto r = render({ "--seconds", "0.2", "--bench" });
+    const auto r = render({"--seconds", "0.2", "--bench"});
     ASSERT_EQ(r.status, 0);
     EXPECT_TRUE(r.output.startsWith("audio_seconds=0.200000 cpu_seconds="));
     EXPECT_TRUE(r.output.contains("realtime_factor="));
@@ -268,11 +278,12 @@ TEST_F(RenderTool, BenchReportsTheRealtimeFactor)
 
 TEST_F(RenderTool, SavedPresetLoadsInTheNextRunAndSettingsStayInTheChosenFolder)
 {
-    const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("render-user", {}, false);
+    const auto user =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("render-user", {}, false);
     const auto preset = user.getChildFile("Wide.vmprs2");
     const auto presetPath = preset.getFullPathName();
-    auto r = render({ "--seconds", "0", "--set", "Channels Crossfade=0.3", "--set", "Preset Name=Wide",
-                      "--save-preset", presetPath.toRawUTF8(), "--user-dir", user.getFullPathName().toRawUTF8() });
+    auto r = render({"--seconds", "0", "--set", "Channels Crossfade=0.3", "--set", "Preset Name=Wide", "--save-preset",
+                     presetPath.toRawUTF8(), "--user-dir", user.getFullPathName().toRawUTF8()});
     ASSERT_EQ(r.status, 0) << r.error;
     EXPECT_TRUE(user.getChildFile("Velmarin.ini").existsAsFile()) << "teardown writes the settings into --user-dir";
     const auto saved = juce::parseXML(preset);
@@ -280,7 +291,7 @@ TEST_F(RenderTool, SavedPresetLoadsInTheNextRunAndSettingsStayInTheChosenFolder)
     EXPECT_EQ(saved->getStringAttribute("version"), "1.0");
     EXPECT_EQ(saved->getChildByName("Parameters")->getNumChildElements(), 28);
 
-    r = render({ "--seconds", "0", "--set", "Feedback L/M=0.8", "--preset", presetPath.toRawUTF8(), "--print-params" });
+    r = render({"--seconds", "0", "--set", "Feedback L/M=0.8", "--preset", presetPath.toRawUTF8(), "--print-params"});
     ASSERT_EQ(r.status, 0) << r.error;
     EXPECT_TRUE(r.output.contains("2\tChannels Crossfade\t0.3\t"));
     EXPECT_TRUE(r.output.contains("14\tFeedback L/M\t0.8\t")) << "--set comes after the preset";
@@ -289,9 +300,9 @@ TEST_F(RenderTool, SavedPresetLoadsInTheNextRunAndSettingsStayInTheChosenFolder)
     const auto notPreset = user.getChildFile("Other.vmprs2");
     ASSERT_TRUE(notPreset.replaceWithText("<Patch/>"));
     const auto notPresetPath = notPreset.getFullPathName();
-    for (auto* bad : { "No Such Preset", notPresetPath.toRawUTF8() })
+    for (auto* bad : {"No Such Preset", notPresetPath.toRawUTF8()})
     {
-        r = render({ "--seconds", "0", "--preset", bad, "--out", outPath().toRawUTF8() });
+        r = render({"--seconds", "0", "--preset", bad, "--out", outPath().toRawUTF8()});
         EXPECT_EQ(r.status, 2);
         EXPECT_FALSE(r.error.containsChar('\n'));
         EXPECT_EQ(outFile.getFile().getSize(), 0) << "no output after a bad preset";
@@ -302,25 +313,28 @@ TEST_F(RenderTool, SavedPresetLoadsInTheNextRunAndSettingsStayInTheChosenFolder)
 TEST_F(RenderTool, MappedControllerActsFromItsSampleOnAtAnyBlockSizeAndTheMapIsSaved)
 {
     juce::TemporaryFile map(".vmccmap");
-    ASSERT_TRUE(map.getFile().replaceWithText(R"(<MidiControlMap name="Velmarin"><assign CC="7" param="Output Volume"/></MidiControlMap>)"));
+    ASSERT_TRUE(map.getFile().replaceWithText(
+        R"(<MidiControlMap name="Velmarin"><assign CC="7" param="Output Volume"/></MidiControlMap>)"));
     const auto mapPath = map.getFile().getFullPathName();
 
-    auto samples = [](const juce::File& file) {
+    auto samples = [](const juce::File& file)
+    {
         auto reader = openWav(file);
-        juce::AudioBuffer<float> buffer(static_cast<int>(reader->numChannels), static_cast<int>(reader->lengthInSamples));
+        juce::AudioBuffer<float> buffer(static_cast<int>(reader->numChannels),
+                                        static_cast<int>(reader->lengthInSamples));
         reader->read(&buffer, 0, buffer.getNumSamples(), 0, true, true);
         return buffer;
     };
-    ASSERT_EQ(render({ "--seconds", "0.1", "--out", outPath().toRawUTF8() }).status, 0);
+    ASSERT_EQ(render({"--seconds", "0.1", "--out", outPath().toRawUTF8()}).status, 0);
     const auto plain = samples(outFile.getFile());
 
     juce::TemporaryFile state(".bin");
-    for (auto* block : { "64", "1000", "1001", "4096" })
+    for (auto* block : {"64", "1000", "1001", "4096"})
     {
         juce::TemporaryFile moved(".wav");
-        const auto r = render({ "--seconds", "0.1", "--block", block, "--midi-map", mapPath.toRawUTF8(), "--cc", "1000:7:0",
-                                "--out", moved.getFile().getFullPathName().toRawUTF8(),
-                                "--state-out", state.getFile().getFullPathName().toRawUTF8() });
+        const auto r = render({"--seconds", "0.1", "--block", block, "--midi-map", mapPath.toRawUTF8(), "--cc",
+                               "1000:7:0", "--out", moved.getFile().getFullPathName().toRawUTF8(), "--state-out",
+                               state.getFile().getFullPathName().toRawUTF8()});
         ASSERT_EQ(r.status, 0) << r.error;
         const auto result = samples(moved.getFile());
         int firstDifference = -1;
@@ -340,7 +354,7 @@ TEST_F(RenderTool, MappedControllerActsFromItsSampleOnAtAnyBlockSizeAndTheMapIsS
 
     juce::TemporaryFile foreign(".vmccmap");
     ASSERT_TRUE(foreign.getFile().replaceWithText(R"(<MidiControlMap name="Other"/>)"));
-    const auto bad = render({ "--seconds", "0", "--midi-map", foreign.getFile().getFullPathName().toRawUTF8() });
+    const auto bad = render({"--seconds", "0", "--midi-map", foreign.getFile().getFullPathName().toRawUTF8()});
     EXPECT_EQ(bad.status, 2);
     EXPECT_TRUE(bad.error.contains("MIDI map"));
 }
@@ -349,17 +363,20 @@ TEST_F(RenderTool, FactoryLibraryListsTaggedPresetsThatAllLoadAndSound)
 {
     const juce::File package(VELMARIN_FACTORY_PACKAGE);
     ASSERT_TRUE(package.existsAsFile()) << "the build signs the factory package";
-    const auto folders = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("library", {}, false);
+    const auto folders =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("library", {}, false);
     const auto data = folders.getChildFile("data");
     const auto user = folders.getChildFile("user");
     ASSERT_TRUE(data.getChildFile("Presets").createDirectory());
     ASSERT_TRUE(package.copyFileTo(data.getChildFile("Presets/Velmarin Factory.q41pkg")));
     ASSERT_TRUE(user.getChildFile("UserStore/Presets").createDirectory());
-    ASSERT_TRUE(user.getChildFile("UserStore/Presets/Mine.vmprs2").replaceWithText(R"(<Preset><Parameters/></Preset>)"));
+    ASSERT_TRUE(
+        user.getChildFile("UserStore/Presets/Mine.vmprs2").replaceWithText(R"(<Preset><Parameters/></Preset>)"));
     const auto dataPath = data.getFullPathName();
     const auto userPath = user.getFullPathName();
 
-    const auto listed = render({ "--seconds", "0", "--list-presets", "--user-dir", userPath.toRawUTF8(), "--data-dir", dataPath.toRawUTF8() });
+    const auto listed = render(
+        {"--seconds", "0", "--list-presets", "--user-dir", userPath.toRawUTF8(), "--data-dir", dataPath.toRawUTF8()});
     ASSERT_EQ(listed.status, 0) << listed.error;
     juce::StringArray factory;
     ContentTags allTags;
@@ -374,7 +391,7 @@ TEST_F(RenderTool, FactoryLibraryListsTaggedPresetsThatAllLoadAndSound)
     }
     EXPECT_GE(factory.size(), 40);
     EXPECT_TRUE(listed.output.endsWith("User\tMine\t\n")) << "the user store comes last";
-    for (auto* category : { "Type", "Modulation", "Spatialize" })
+    for (auto* category : {"Type", "Modulation", "Spatialize"})
     {
         bool found = false;
         for (int p = 0; p < allTags.getNumCategories(); ++p)
@@ -385,9 +402,9 @@ TEST_F(RenderTool, FactoryLibraryListsTaggedPresetsThatAllLoadAndSound)
     for (const auto& name : factory)
     {
         juce::TemporaryFile wav(".wav");
-        const auto r = render({ "--seconds", "1", "--preset", name.toLowerCase().toRawUTF8(), "--tempo", "120", "--playing",
-                                "--data-dir", dataPath.toRawUTF8(), "--out", wav.getFile().getFullPathName().toRawUTF8(),
-                                "--print-params" });
+        const auto r = render({"--seconds", "1", "--preset", name.toLowerCase().toRawUTF8(), "--tempo", "120",
+                               "--playing", "--data-dir", dataPath.toRawUTF8(), "--out",
+                               wav.getFile().getFullPathName().toRawUTF8(), "--print-params"});
         ASSERT_EQ(r.status, 0) << name << ": " << r.error;
         EXPECT_TRUE(r.output.contains("100000\tPreset Name\t" + name + "\t")) << name;
         auto reader = openWav(wav.getFile());
@@ -406,17 +423,21 @@ TEST_F(RenderTool, FactoryLibraryListsTaggedPresetsThatAllLoadAndSound)
         EXPECT_LT(peak, 2.0f) << name << " runs away";
     }
 
-    const auto unknown = render({ "--seconds", "0", "--preset", "No Such Sound", "--data-dir", dataPath.toRawUTF8() });
+    const auto unknown = render({"--seconds", "0", "--preset", "No Such Sound", "--data-dir", dataPath.toRawUTF8()});
     EXPECT_EQ(unknown.status, 2);
     folders.deleteRecursively();
 }
 
 TEST(RenderOptions, AskingForNoOutputIsBadUsageAndHelpStatesTheLimits)
 {
-    EXPECT_FALSE(parse({ "--in", "x.wav", "--set", "Preamp=0.5" }).options.asksForOutput());
-    for (const auto& args : std::vector<std::vector<const char*>> {
-             { "--out", "o.wav" }, { "--print-params" }, { "--list-presets" }, { "--bench" }, { "--state-out", "s" },
-             { "--save-preset", "p" }, { "--spectrogram", "s.png" } })
+    EXPECT_FALSE(parse({"--in", "x.wav", "--set", "Preamp=0.5"}).options.asksForOutput());
+    for (const auto& args : std::vector<std::vector<const char*>>{{"--out", "o.wav"},
+                                                                  {"--print-params"},
+                                                                  {"--list-presets"},
+                                                                  {"--bench"},
+                                                                  {"--state-out", "s"},
+                                                                  {"--save-preset", "p"},
+                                                                  {"--spectrogram", "s.png"}})
     {
         juce::StringArray list;
         for (auto* a : args)
@@ -430,12 +451,13 @@ TEST(RenderOptions, AskingForNoOutputIsBadUsageAndHelpStatesTheLimits)
 TEST_F(RenderTool, UnreadableStateMapAndInputFilesExitTwoWithOneLineSayingWhy)
 {
     ASSERT_TRUE(outFile.getFile().replaceWithText("precious"));
-    const auto folder = juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("bad-files", {}, false);
+    const auto folder =
+        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("bad-files", {}, false);
     ASSERT_TRUE(folder.createDirectory());
     const auto preset = folder.getChildFile("p.vmprs2");
     ASSERT_TRUE(preset.replaceWithText(R"(<Preset><Parameters/></Preset>)"));
     juce::TemporaryFile good(".bin");
-    ASSERT_EQ(render({ "--seconds", "0", "--state-out", good.getFile().getFullPathName().toRawUTF8() }).status, 0);
+    ASSERT_EQ(render({"--seconds", "0", "--state-out", good.getFile().getFullPathName().toRawUTF8()}).status, 0);
     juce::MemoryBlock chunk;
     ASSERT_TRUE(good.getFile().loadFileAsData(chunk));
     juce::Random random(16);
@@ -445,32 +467,38 @@ TEST_F(RenderTool, UnreadableStateMapAndInputFilesExitTwoWithOneLineSayingWhy)
     juce::AudioProcessor::copyXmlToBinary(juce::XmlElement("Other"), wrongRoot);
 
     const std::vector<std::pair<const char*, juce::MemoryBlock>> states = {
-        { "empty", {} }, { "random", noise }, { "truncated", juce::MemoryBlock(chunk.getData(), chunk.getSize() / 2) },
-        { "wrong-root", wrongRoot }, { "preset", juce::MemoryBlock(preset.loadFileAsString().toRawUTF8(), preset.loadFileAsString().getNumBytesAsUTF8()) } };
+        {"empty", {}},
+        {"random", noise},
+        {"truncated", juce::MemoryBlock(chunk.getData(), chunk.getSize() / 2)},
+        {"wrong-root", wrongRoot},
+        {"preset",
+         juce::MemoryBlock(preset.loadFileAsString().toRawUTF8(), preset.loadFileAsString().getNumBytesAsUTF8())}};
     for (const auto& [name, bytes] : states)
     {
         const auto file = folder.getChildFile(name);
         ASSERT_TRUE(bytes.isEmpty() ? file.create().wasOk() : file.replaceWithData(bytes.getData(), bytes.getSize()));
-        const auto r = render({ "--state-in", file.getFullPathName(), "--out", outPath() });
+        const auto r = render({"--state-in", file.getFullPathName(), "--out", outPath()});
         EXPECT_EQ(r.status, 2) << name;
         EXPECT_TRUE(r.error.endsWith("not a Velmarin state chunk")) << r.error;
     }
 
-    const auto expectError = [&](const juce::StringArray& args, const char* why) {
+    const auto expectError = [&](const juce::StringArray& args, const char* why)
+    {
         const auto r = render(args);
         EXPECT_EQ(r.status, 2) << args.joinIntoString(" ");
         EXPECT_TRUE(r.error.endsWith(why)) << r.error;
         EXPECT_FALSE(r.error.containsChar('\n'));
     };
-    expectError({ "--in", folder.getFullPathName(), "--out", outPath() }, "is a folder, not a file");
-    expectError({ "--in", "/nonexistent/in.wav", "--out", outPath() }, "no such file");
-    expectError({ "--in", preset.getFullPathName(), "--out", outPath() }, "not a WAV, AIFF or FLAC file");
-    expectError({ "--midi-map", "/nonexistent/map.vmccmap", "--out", outPath() }, "no such file");
-    expectError({ "--midi-map", preset.getFullPathName(), "--out", outPath() }, "not a Velmarin MIDI control map");
-    expectError({ "--state-in", folder.getFullPathName(), "--out", outPath() }, "is a folder, not a file");
+    expectError({"--in", folder.getFullPathName(), "--out", outPath()}, "is a folder, not a file");
+    expectError({"--in", "/nonexistent/in.wav", "--out", outPath()}, "no such file");
+    expectError({"--in", preset.getFullPathName(), "--out", outPath()}, "not a WAV, AIFF or FLAC file");
+    expectError({"--midi-map", "/nonexistent/map.vmccmap", "--out", outPath()}, "no such file");
+    expectError({"--midi-map", preset.getFullPathName(), "--out", outPath()}, "not a Velmarin MIDI control map");
+    expectError({"--state-in", folder.getFullPathName(), "--out", outPath()}, "is a folder, not a file");
     ::chmod(preset.getFullPathName().toRawUTF8(), 0);
     if (! juce::FileInputStream(preset).openedOk()) // an administrator reads it anyway
-        expectError({ "--in", preset.getFullPathName(), "--out", outPath() }, "cannot be opened (no permission to read it?)");
+        expectError({"--in", preset.getFullPathName(), "--out", outPath()},
+                    "cannot be opened (no permission to read it?)");
     EXPECT_EQ(outFile.getFile().loadFileAsString(), "precious");
     folder.deleteRecursively();
 }
@@ -478,7 +506,7 @@ TEST_F(RenderTool, UnreadableStateMapAndInputFilesExitTwoWithOneLineSayingWhy)
 TEST_F(RenderTool, AnInputCutShortIsReadAsFarAsItHoldsDataWithAWarning)
 {
     // A WAV file of about 1 KB whose header declares 4 GB of samples.
-    ASSERT_EQ(render({ "--seconds", "0.01", "--rate", "8000", "--out", outPath() }).status, 0);
+    ASSERT_EQ(render({"--seconds", "0.01", "--rate", "8000", "--out", outPath()}).status, 0);
     juce::MemoryBlock wav;
     ASSERT_TRUE(outFile.getFile().loadFileAsData(wav));
     const auto frames = openWav(outFile.getFile())->lengthInSamples;
@@ -492,17 +520,17 @@ TEST_F(RenderTool, AnInputCutShortIsReadAsFarAsItHoldsDataWithAWarning)
     ASSERT_TRUE(cut.getFile().replaceWithData(wav.getData(), wav.getSize()));
 
     juce::TemporaryFile out(".wav");
-    const auto r = render({ "--in", cut.getFile().getFullPathName(), "--out", out.getFile().getFullPathName() });
+    const auto r = render({"--in", cut.getFile().getFullPathName(), "--out", out.getFile().getFullPathName()});
     ASSERT_EQ(r.status, 0) << r.error;
     ASSERT_EQ(r.warnings.size(), 1);
     EXPECT_TRUE(r.warnings[0].contains("cut short")) << r.warnings[0];
     EXPECT_EQ(openWav(out.getFile())->lengthInSamples, frames);
 
     // Lengths beyond what a run holds are refused before anything is made.
-    const auto tooLong = render({ "--rate", "192000", "--seconds", "3600", "--out", outPath() });
+    const auto tooLong = render({"--rate", "192000", "--seconds", "3600", "--out", outPath()});
     EXPECT_EQ(tooLong.status, 2);
     EXPECT_TRUE(tooLong.error.startsWith("render is too long"));
-    EXPECT_EQ(render({ "--rate", "192000", "--seconds", "300", "--tail", "300", "--out", outPath() }).status, 2);
+    EXPECT_EQ(render({"--rate", "192000", "--seconds", "300", "--tail", "300", "--out", outPath()}).status, 2);
 }
 
 TEST_F(RenderTool, OutputsArePutInPlaceAllOrNothing)
@@ -510,15 +538,17 @@ TEST_F(RenderTool, OutputsArePutInPlaceAllOrNothing)
     ASSERT_TRUE(outFile.getFile().replaceWithText("precious"));
     juce::TemporaryFile state(".bin");
     ASSERT_TRUE(state.getFile().replaceWithText("old state"));
-    const auto r = render({ "--seconds", "0.05", "--out", outPath(), "--state-out", state.getFile().getFullPathName(),
-                            "--spectrogram", "/nonexistent/folder/picture.png" });
+    const auto r = render({"--seconds", "0.05", "--out", outPath(), "--state-out", state.getFile().getFullPathName(),
+                           "--spectrogram", "/nonexistent/folder/picture.png"});
     EXPECT_EQ(r.status, 2);
     EXPECT_TRUE(r.error.contains("spectrogram"));
     EXPECT_EQ(outFile.getFile().loadFileAsString(), "precious");
     EXPECT_EQ(state.getFile().loadFileAsString(), "old state");
 
     // A device is written in place, after the regular files, and stays what it was.
-    ASSERT_EQ(render({ "--seconds", "0.05", "--out", "/dev/null", "--state-out", state.getFile().getFullPathName() }).status, 0);
+    ASSERT_EQ(
+        render({"--seconds", "0.05", "--out", "/dev/null", "--state-out", state.getFile().getFullPathName()}).status,
+        0);
     struct stat info = {};
     ASSERT_EQ(::lstat("/dev/null", &info), 0);
     EXPECT_TRUE(S_ISCHR(info.st_mode));
@@ -529,19 +559,20 @@ TEST_F(RenderTool, FindsTheFactoryPackageTheBuildSignedFromTheBuildTree)
 {
     const juce::File package(VELMARIN_FACTORY_PACKAGE);
     ASSERT_TRUE(package.existsAsFile());
-    const auto countFactory = [](const Rendered& r) {
+    const auto countFactory = [](const Rendered& r)
+    {
         int count = 0;
         for (const auto& line : juce::StringArray::fromLines(r.output))
             count += line.startsWith("Factory\t") ? 1 : 0;
         return count;
     };
     // The test runs from the build tree with an empty private data folder.
-    const auto plain = render({ "--list-presets" });
+    const auto plain = render({"--list-presets"});
     ASSERT_EQ(plain.status, 0) << plain.error;
     EXPECT_GE(countFactory(plain), 40);
-    for (const auto& folder : { package.getParentDirectory(), package.getParentDirectory().getParentDirectory() })
-        EXPECT_EQ(countFactory(render({ "--list-presets", "--data-dir", folder.getFullPathName() })), countFactory(plain))
+    for (const auto& folder : {package.getParentDirectory(), package.getParentDirectory().getParentDirectory()})
+        EXPECT_EQ(countFactory(render({"--list-presets", "--data-dir", folder.getFullPathName()})), countFactory(plain))
             << folder.getFullPathName();
-    const auto jet = render({ "--seconds", "0", "--preset", "Jet Stream", "--print-params" });
+    const auto jet = render({"--seconds", "0", "--preset", "Jet Stream", "--print-params"});
     EXPECT_EQ(jet.status, 0) << jet.error;
 }

@@ -57,16 +57,16 @@ juce::AudioBuffer<float> makeDemoSignal(double sampleRate, double seconds)
     out.clear();
 
     // E minor seventh voicing across six strings: E2 B2 D3 G3 B3 E4.
-    const double frequencies[] = { 82.41, 123.47, 146.83, 196.00, 246.94, 329.63 };
-    const float pans[] = { 0.35f, 0.42f, 0.48f, 0.54f, 0.6f, 0.66f }; // share of the right channel
+    const double frequencies[] = {82.41, 123.47, 146.83, 196.00, 246.94, 329.63};
+    const float pans[] = {0.35f, 0.42f, 0.48f, 0.54f, 0.6f, 0.66f}; // share of the right channel
     std::vector<PluckedString> strings;
     for (double f : frequencies)
         strings.emplace_back(sampleRate, f);
 
     NoiseSource noise(0x5eed1234u);
-    const int strumPeriod = static_cast<int>(sampleRate * 1.0);     // a strum every second
-    const int stringGap = static_cast<int>(sampleRate * 0.012);     // 12 ms between strings
-    const int hatPeriod = static_cast<int>(sampleRate * 0.25);      // eighth notes at 120 bpm
+    const int strumPeriod = static_cast<int>(sampleRate * 1.0); // a strum every second
+    const int stringGap = static_cast<int>(sampleRate * 0.012); // 12 ms between strings
+    const int hatPeriod = static_cast<int>(sampleRate * 0.25);  // eighth notes at 120 bpm
     const float hatDecay = static_cast<float>(std::exp(-1.0 / (0.03 * sampleRate)));
     float hatEnvelope = 0.0f;
     float hatPrevious = 0.0f;

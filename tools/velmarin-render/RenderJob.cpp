@@ -3,7 +3,6 @@
 #include "DemoSignal.h"
 #include "Spectrogram.h"
 
-#include "plugin/FactoryScan.h"
 #include "io/SafeFile.h"
 #include "io/SafeFileBatch.h"
 #include "io/XmlInput.h"
@@ -13,9 +12,10 @@
 #include "parameters/NoteParameter.h"
 #include "parameters/ValueText.h"
 #include "plugin/BasePlugin.h"
+#include "plugin/FactoryScan.h"
 #include "plugin/FolderRule.h"
-#include "product/VelmarinProcessor.h"
 #include "product/Velmarin.h"
+#include "product/VelmarinProcessor.h"
 
 #include <juce_audio_formats/juce_audio_formats.h>
 
@@ -44,7 +44,7 @@ public:
         info.setTimeInSeconds(static_cast<double>(samplePosition) / rate);
         info.setPpqPosition(ppqStart + static_cast<double>(samplePosition) / rate * bpm / 60.0);
         info.setIsPlaying(playing);
-        info.setTimeSignature(TimeSignature {});
+        info.setTimeSignature(TimeSignature{});
         return info;
     }
 
@@ -57,7 +57,7 @@ private:
 
 double threadCpuSeconds()
 {
-    timespec ts {};
+    timespec ts{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &ts);
     return static_cast<double>(ts.tv_sec) + static_cast<double>(ts.tv_nsec) * 1.0e-9;
 }
@@ -232,10 +232,7 @@ juce::File presetFileFor(const juce::String& value)
 }
 } // namespace
 
-RenderJob::RenderJob(RenderOptions o)
-    : options(std::move(o))
-{
-}
+RenderJob::RenderJob(RenderOptions o) : options(std::move(o)) {}
 
 int RenderJob::fail(const juce::String& message)
 {
@@ -342,7 +339,8 @@ int RenderJob::run()
     juce::OwnedArray<ContentSource> packages;
     juce::Array<ContentSource*> stores;
     if (options.listPresets || (options.preset.isNotEmpty() && presetFile == juce::File()))
-        scanContentStores(plugin, registry, packages, stores, packageFolderFor(options.dataDir, plugin.getDirectory("AppData")));
+        scanContentStores(plugin, registry, packages, stores,
+                          packageFolderFor(options.dataDir, plugin.getDirectory("AppData")));
 
     // 4. The preset, as a preset load of slot 0 does: a file, or else a stored item of that name.
     if (presetFile != juce::File())
@@ -377,7 +375,7 @@ int RenderJob::run()
     // 6. Both quality settings.
     if (options.quality.isNotEmpty())
     {
-        for (auto* name : { "Real-time Processing Quality", "Offline Processing Quality" })
+        for (auto* name : {"Real-time Processing Quality", "Offline Processing Quality"})
             if (auto* p = manager.getParameter(juce::String(name)))
                 p->setText(options.quality, true);
     }
@@ -419,7 +417,8 @@ int RenderJob::run()
         midi.clear();
         for (const auto& cc : options.controllers)
             if (cc.sample >= start && cc.sample < start + n)
-                midi.addEvent(juce::MidiMessage::controllerEvent(1, cc.controller, cc.value), static_cast<int>(cc.sample - start));
+                midi.addEvent(juce::MidiMessage::controllerEvent(1, cc.controller, cc.value),
+                              static_cast<int>(cc.sample - start));
 
         if (playHead)
             playHead->setSamplePosition(start);
@@ -470,15 +469,17 @@ int RenderJob::run()
     if (options.printParams)
     {
         for (auto* p : manager.getParameters())
-            outputText << p->getIndex() << "\t" << p->getName() << "\t" << p->getText() << "\t" << p->getDisplayText() << "\n";
+            outputText << p->getIndex() << "\t" << p->getName() << "\t" << p->getText() << "\t" << p->getDisplayText()
+                       << "\n";
     }
 
     if (options.bench)
     {
         const double audioSeconds = static_cast<double>(total) / rate;
         const double factor = cpuSeconds > 0.0 ? audioSeconds / cpuSeconds : 0.0;
-        outputText << "audio_seconds=" << juce::String(audioSeconds, 6) << " cpu_seconds=" << juce::String(cpuSeconds, 6)
-                   << " realtime_factor=" << juce::String(factor, 2) << "\n";
+        outputText << "audio_seconds=" << juce::String(audioSeconds, 6)
+                   << " cpu_seconds=" << juce::String(cpuSeconds, 6) << " realtime_factor=" << juce::String(factor, 2)
+                   << "\n";
     }
 
     if (options.outputFile != juce::File())
@@ -502,8 +503,9 @@ int RenderJob::run()
 
     if (options.spectrogram != juce::File())
     {
-        const auto title = "Velmarin output, " + juce::String(rate, 0) + " Hz"
-                         + (options.outputFile != juce::File() ? " (" + options.outputFile.getFileName() + ")" : juce::String());
+        const auto title =
+            "Velmarin output, " + juce::String(rate, 0) + " Hz" +
+            (options.outputFile != juce::File() ? " (" + options.outputFile.getFileName() + ")" : juce::String());
         juce::MemoryBlock png;
         if (! Spectrogram::encodePng(Spectrogram::render(result, rate, title), png) ||
             ! files.add(options.spectrogram, png))

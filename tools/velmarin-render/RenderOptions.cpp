@@ -78,11 +78,13 @@ ParseResult parseRenderOptions(const juce::StringArray& args)
     for (int i = 0; i < args.size(); ++i)
     {
         const auto& arg = args[i];
-        auto fail = [&](const juce::String& message) {
+        auto fail = [&](const juce::String& message)
+        {
             result.error = message;
             return result;
         };
-        auto needValue = [&]() -> std::optional<juce::String> {
+        auto needValue = [&]() -> std::optional<juce::String>
+        {
             if (i + 1 >= args.size())
                 return std::nullopt;
             return args[++i];
@@ -93,19 +95,43 @@ ParseResult parseRenderOptions(const juce::StringArray& args)
             o.help = true;
             continue;
         }
-        if (arg == "--offline") { o.offline = true; continue; }
-        if (arg == "--bypass") { o.bypass = true; continue; }
-        if (arg == "--playing") { o.playing = true; continue; }
-        if (arg == "--print-params") { o.printParams = true; continue; }
-        if (arg == "--list-presets") { o.listPresets = true; continue; }
-        if (arg == "--bench") { o.bench = true; continue; }
+        if (arg == "--offline")
+        {
+            o.offline = true;
+            continue;
+        }
+        if (arg == "--bypass")
+        {
+            o.bypass = true;
+            continue;
+        }
+        if (arg == "--playing")
+        {
+            o.playing = true;
+            continue;
+        }
+        if (arg == "--print-params")
+        {
+            o.printParams = true;
+            continue;
+        }
+        if (arg == "--list-presets")
+        {
+            o.listPresets = true;
+            continue;
+        }
+        if (arg == "--bench")
+        {
+            o.bench = true;
+            continue;
+        }
 
-        const bool takesValue = arg == "--in" || arg == "--out" || arg == "--rate" || arg == "--seconds"
-                             || arg == "--layout" || arg == "--block" || arg == "--set" || arg == "--preset"
-                             || arg == "--quality" || arg == "--tempo" || arg == "--ppq-start" || arg == "--cc"
-                             || arg == "--midi-map" || arg == "--tail" || arg == "--state-in"
-                             || arg == "--state-out" || arg == "--save-preset" || arg == "--user-dir"
-                             || arg == "--data-dir" || arg == "--spectrogram";
+        const bool takesValue = arg == "--in" || arg == "--out" || arg == "--rate" || arg == "--seconds" ||
+                                arg == "--layout" || arg == "--block" || arg == "--set" || arg == "--preset" ||
+                                arg == "--quality" || arg == "--tempo" || arg == "--ppq-start" || arg == "--cc" ||
+                                arg == "--midi-map" || arg == "--tail" || arg == "--state-in" || arg == "--state-out" ||
+                                arg == "--save-preset" || arg == "--user-dir" || arg == "--data-dir" ||
+                                arg == "--spectrogram";
         if (! takesValue)
             return fail("unknown option '" + arg + "' (see --help)");
 
@@ -115,19 +141,30 @@ ParseResult parseRenderOptions(const juce::StringArray& args)
         const auto& v = *value;
         auto file = [&v]() { return juce::File::getCurrentWorkingDirectory().getChildFile(v); };
 
-        if (arg == "--in") o.inputFile = file();
-        else if (arg == "--out") o.outputFile = file();
-        else if (arg == "--midi-map") o.midiMapFile = file();
-        else if (arg == "--state-in") o.stateIn = file();
-        else if (arg == "--state-out") o.stateOut = file();
-        else if (arg == "--save-preset") o.savePreset = file();
-        else if (arg == "--user-dir") o.userDir = file();
-        else if (arg == "--data-dir") o.dataDir = file();
-        else if (arg == "--spectrogram") o.spectrogram = file();
-        else if (arg == "--preset") o.preset = v;
+        if (arg == "--in")
+            o.inputFile = file();
+        else if (arg == "--out")
+            o.outputFile = file();
+        else if (arg == "--midi-map")
+            o.midiMapFile = file();
+        else if (arg == "--state-in")
+            o.stateIn = file();
+        else if (arg == "--state-out")
+            o.stateOut = file();
+        else if (arg == "--save-preset")
+            o.savePreset = file();
+        else if (arg == "--user-dir")
+            o.userDir = file();
+        else if (arg == "--data-dir")
+            o.dataDir = file();
+        else if (arg == "--spectrogram")
+            o.spectrogram = file();
+        else if (arg == "--preset")
+            o.preset = v;
         else if (arg == "--rate")
         {
-            if (! parseNumber(v, o.rate) || o.rate < BasePlugin::minimumSampleRate || o.rate > BasePlugin::maximumSampleRate)
+            if (! parseNumber(v, o.rate) || o.rate < BasePlugin::minimumSampleRate ||
+                o.rate > BasePlugin::maximumSampleRate)
                 return fail("--rate must be a number from 8000 to 768000, not '" + v + "'");
         }
         else if (arg == "--seconds")
@@ -183,10 +220,10 @@ ParseResult parseRenderOptions(const juce::StringArray& args)
             juce::StringArray parts;
             parts.addTokens(v, ":", "");
             juce::int64 sample = 0, cc = 0, val = 0;
-            if (parts.size() != 3 || ! parseInteger(parts[0], sample) || ! parseInteger(parts[1], cc)
-                || ! parseInteger(parts[2], val) || sample < 0 || cc < 0 || cc > 127 || val < 0 || val > 127)
+            if (parts.size() != 3 || ! parseInteger(parts[0], sample) || ! parseInteger(parts[1], cc) ||
+                ! parseInteger(parts[2], val) || sample < 0 || cc < 0 || cc > 127 || val < 0 || val > 127)
                 return fail("--cc needs \"SAMPLE:CC:VALUE\" with CC and VALUE from 0 to 127, not '" + v + "'");
-            o.controllers.push_back({ sample, static_cast<int>(cc), static_cast<int>(val) });
+            o.controllers.push_back({sample, static_cast<int>(cc), static_cast<int>(val)});
         }
     }
     return result;

@@ -60,8 +60,8 @@ void Spectrogram::fft(std::vector<double>& re, std::vector<double>& im)
 juce::Colour Spectrogram::colourForDecibels(double dB)
 {
     const auto t = static_cast<float>(std::clamp((dB - floorDb) / -floorDb, 0.0, 1.0));
-    static const juce::Colour stops[] = { juce::Colour(0xff000000), juce::Colour(0xff1b0c5a), juce::Colour(0xff7a1c8c),
-                                          juce::Colour(0xffd8413f), juce::Colour(0xfff9a825), juce::Colour(0xffffffe0) };
+    static const juce::Colour stops[] = {juce::Colour(0xff000000), juce::Colour(0xff1b0c5a), juce::Colour(0xff7a1c8c),
+                                         juce::Colour(0xffd8413f), juce::Colour(0xfff9a825), juce::Colour(0xffffffe0)};
     const float position = t * 5.0f;
     const int i = std::min(static_cast<int>(position), 4);
     return stops[i].interpolatedWith(stops[i + 1], position - static_cast<float>(i));
@@ -107,7 +107,8 @@ juce::Image Spectrogram::render(const juce::AudioBuffer<float>& audio, double sa
         fft(re, im);
         for (int k = 0; k < n / 2; ++k)
         {
-            const double magnitude = std::hypot(re[static_cast<size_t>(k)], im[static_cast<size_t>(k)]) * 2.0 / windowSum;
+            const double magnitude =
+                std::hypot(re[static_cast<size_t>(k)], im[static_cast<size_t>(k)]) * 2.0 / windowSum;
             magnitudeDb[static_cast<size_t>(k)] = 20.0 * std::log10(magnitude + 1e-12);
         }
 
@@ -132,18 +133,20 @@ juce::Image Spectrogram::render(const juce::AudioBuffer<float>& audio, double sa
     g.setColour(ink);
     g.drawRect(marginLeft - 1, marginTop - 1, plotWidth + 2, plotHeight + 2);
     g.setFont(13.0f);
-    for (double hz : { 20.0, 50.0, 100.0, 200.0, 500.0, 1000.0, 2000.0, 5000.0, 10000.0, 20000.0 })
+    for (double hz : {20.0, 50.0, 100.0, 200.0, 500.0, 1000.0, 2000.0, 5000.0, 10000.0, 20000.0})
     {
         if (hz > topHz)
             break;
-        const int y = marginTop + plotHeight - static_cast<int>(std::lround(std::log(hz / lowestHz) / logSpan * plotHeight));
+        const int y =
+            marginTop + plotHeight - static_cast<int>(std::lround(std::log(hz / lowestHz) / logSpan * plotHeight));
         g.drawHorizontalLine(y, static_cast<float>(marginLeft - 6), static_cast<float>(marginLeft));
-        const juce::String text = hz >= 1000.0 ? juce::String(hz / 1000.0, 0) + "k" : juce::String(static_cast<int>(hz));
+        const juce::String text =
+            hz >= 1000.0 ? juce::String(hz / 1000.0, 0) + "k" : juce::String(static_cast<int>(hz));
         g.drawText(text, 0, y - 8, marginLeft - 10, 16, juce::Justification::centredRight);
     }
     const double seconds = sampleRate > 0.0 ? length / sampleRate : 0.0;
     double tickStep = 0.1;
-    for (double candidate : { 0.1, 0.2, 0.5, 1.0, 2.0, 5.0, 10.0, 20.0, 30.0, 60.0, 120.0, 300.0 })
+    for (double candidate : {0.1, 0.2, 0.5, 1.0, 2.0, 5.0, 10.0, 20.0, 30.0, 60.0, 120.0, 300.0})
     {
         tickStep = candidate;
         if (seconds / candidate <= 12.0)
@@ -152,14 +155,18 @@ juce::Image Spectrogram::render(const juce::AudioBuffer<float>& audio, double sa
     for (double t = 0.0; seconds > 0.0 && t <= seconds + 1e-9; t += tickStep)
     {
         const int x = marginLeft + static_cast<int>(std::lround(t / seconds * plotWidth));
-        g.drawVerticalLine(x, static_cast<float>(marginTop + plotHeight), static_cast<float>(marginTop + plotHeight + 6));
+        g.drawVerticalLine(x, static_cast<float>(marginTop + plotHeight),
+                           static_cast<float>(marginTop + plotHeight + 6));
         g.drawText(juce::String(t, tickStep < 1.0 ? 1 : 0), x - 30, marginTop + plotHeight + 8, 60, 16,
                    juce::Justification::centred);
     }
     g.drawText("Time (s)", marginLeft, height - 22, plotWidth, 18, juce::Justification::centred);
-    g.addTransform(juce::AffineTransform::rotation(-juce::MathConstants<float>::halfPi, 14.0f, marginTop + plotHeight * 0.5f));
-    g.drawText("Frequency (Hz)", -60 + 14, static_cast<int>(marginTop + plotHeight * 0.5f) - 9, 120, 18, juce::Justification::centred);
-    g.addTransform(juce::AffineTransform::rotation(juce::MathConstants<float>::halfPi, 14.0f, marginTop + plotHeight * 0.5f));
+    g.addTransform(
+        juce::AffineTransform::rotation(-juce::MathConstants<float>::halfPi, 14.0f, marginTop + plotHeight * 0.5f));
+    g.drawText("Frequency (Hz)", -60 + 14, static_cast<int>(marginTop + plotHeight * 0.5f) - 9, 120, 18,
+               juce::Justification::centred);
+    g.addTransform(
+        juce::AffineTransform::rotation(juce::MathConstants<float>::halfPi, 14.0f, marginTop + plotHeight * 0.5f));
     g.setFont(15.0f);
     g.drawText(title, marginLeft, 10, plotWidth, 22, juce::Justification::centredLeft);
 
