@@ -5,6 +5,7 @@
 #include "VelmarinResources.h"
 #include "engine/FrequencyReadout.h"
 #include "engine/VelmarinCore.h"
+#include "engine/VelmarinParameterIndex.h"
 
 Velmarin::Velmarin(const FolderRule& folders)
     : MarrowgateEffect(new VelmarinParameterManager(), getResources(), folders)
@@ -21,11 +22,6 @@ PluginResources Velmarin::getResources()
     return PluginResources(&VelmarinResources::getNamedResource);
 }
 
-namespace
-{
-constexpr int bbdFrequencyIndex = 28;
-}
-
 std::unique_ptr<MarrowgateEffectCore> Velmarin::createEffectCore()
 {
     return std::make_unique<VelmarinCore>();
@@ -37,5 +33,5 @@ void Velmarin::refreshBbdFrequencyDisplay()
     if (isPrepared())
         if (auto* velmarinCore = dynamic_cast<VelmarinCore*>(getCore()))
             frequency = velmarinCore->currentBbdFrequency.load();
-    getParameterManager().setString(bbdFrequencyIndex, bbdFrequencyText(frequency));
+    getParameterManager().setString(VelmarinParameter::currentBbdFrequency, bbdFrequencyText(frequency));
 }

@@ -8,6 +8,8 @@
 class Velmarin : public MarrowgateEffect
 {
 public:
+    static constexpr int presetParameterCount = 28;
+
     /** Finds its folders by `folders`: the product's rule unless the maker names its own. */
     explicit Velmarin(const FolderRule& folders = {});
 
@@ -17,8 +19,9 @@ public:
     int getLatency() override { return 1; }
     bool autoMapsHostParameters() override { return true; }
     bool supportsPresets() override { return true; }
-    int getParameterCount() override { return 28; }
-    int getHostParameterCount() override { return 28; }
+    /** The preset and host parameters: every row before "Current BBD Frequency". */
+    int getParameterCount() override { return presetParameterCount; }
+    int getHostParameterCount() override { return presetParameterCount; }
     bool wantsTransport() override { return true; }
     juce::String getDefaultTagCategories() override { return "Type;Modulation;Spatialize"; }
     juce::String getCodeName() const override { return "Velmarin"; }

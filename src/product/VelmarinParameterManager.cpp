@@ -1,9 +1,13 @@
 #include "VelmarinParameterManager.h"
 
+#include "engine/VelmarinParameterIndex.h"
+
 #include <cmath>
 
 namespace
 {
+namespace P = VelmarinParameter;
+
 /** floor(x + 0.5) in float. */
 int floorRound(float x)
 {
@@ -33,18 +37,18 @@ int masterOf(int index)
 {
     switch (index)
     {
-    case 4:
-        return 5; // Delay Offset R/S: Delay Offset Link
-    case 7:
-        return 10; // LFO Rate R/S: LFO Rate Link
-    case 12:
-        return 13; // LFO Depth R/S: LFO Depth Link
-    case 15:
-        return 16; // Feedback R/S: Feedback Link
-    case 23:
-    case 24:
-    case 26:
-        return 25; // gains and FX Amount: Mistress Auto Mix Mode
+    case P::delayOffsetRight:
+        return P::delayOffsetLink;
+    case P::lfoRateRight:
+        return P::lfoRateLink;
+    case P::lfoDepthRight:
+        return P::lfoDepthLink;
+    case P::feedbackRight:
+        return P::feedbackLink;
+    case P::gainLeft:
+    case P::gainRight:
+    case P::fxAmount:
+        return P::autoMixMode;
     default:
         return -1;
     }
@@ -63,39 +67,39 @@ juce::String VelmarinParameterManager::format(const Parameter& parameter)
     const float n = std::isnan(normalized) ? 0.0f : normalized;
     switch (index)
     {
-    case 0:
+    case P::preamp:
     {
         const float x = n * 24.0f;
         return (x > 0.0f ? "+" : "") + juce::String(static_cast<double>(x), 1) + "dB";
     }
-    case 2:
+    case P::channelsCrossfade:
         return splitText(n, "%");
-    case 3:
-    case 4:
-    case 11:
-    case 12:
-    case 23:
-    case 24:
+    case P::delayOffsetLeft:
+    case P::delayOffsetRight:
+    case P::lfoDepthLeft:
+    case P::lfoDepthRight:
+    case P::gainLeft:
+    case P::gainRight:
         return percentText(n);
-    case 6:
-    case 7:
+    case P::lfoRateLeft:
+    case P::lfoRateRight:
     {
         const double hertz = std::exp(static_cast<double>(n) * 7.37626162510092) * 0.025037454253099462;
         return juce::String(awayRound(hertz * 1000.0) * 0.001, 0) + "Hz";
     }
-    case 14:
-    case 15:
+    case P::feedbackLeft:
+    case P::feedbackRight:
     {
         const auto p = static_cast<int>(awayRound((n * 1.9f - 0.95f) * 105.26316f));
         return (p > 0 ? "+" : "") + juce::String(p) + "%";
     }
-    case 18:
+    case P::lfoPhaseShift:
         return juce::String(static_cast<int>(awayRound(n * 180.0f))) + " deg";
-    case 21:
+    case P::bbdFrequencyRange:
         return "x " + juce::String(static_cast<int>(n * 5.0f * 100.0f + 100.5f) * 0.01, 0);
-    case 26:
+    case P::fxAmount:
         return splitText(n, "% (Dry/Wet)");
-    case 27:
+    case P::outputVolume:
     {
         const double v = static_cast<double>(n) * n * 4.0;
         if (v > 0.0)
@@ -115,22 +119,22 @@ ParameterFormatter* VelmarinParameterManager::getFormatter(int index)
 {
     switch (index)
     {
-    case 0:
-    case 2:
-    case 3:
-    case 4:
-    case 6:
-    case 7:
-    case 11:
-    case 12:
-    case 14:
-    case 15:
-    case 18:
-    case 21:
-    case 23:
-    case 24:
-    case 26:
-    case 27:
+    case P::preamp:
+    case P::channelsCrossfade:
+    case P::delayOffsetLeft:
+    case P::delayOffsetRight:
+    case P::lfoRateLeft:
+    case P::lfoRateRight:
+    case P::lfoDepthLeft:
+    case P::lfoDepthRight:
+    case P::feedbackLeft:
+    case P::feedbackRight:
+    case P::lfoPhaseShift:
+    case P::bbdFrequencyRange:
+    case P::gainLeft:
+    case P::gainRight:
+    case P::fxAmount:
+    case P::outputVolume:
         return this;
     default:
         return nullptr;
