@@ -26,7 +26,7 @@ if(VELMARIN_BUILD_PLUGIN)
     COMPANY_WEBSITE "https://q41group.com"
     COMPANY_EMAIL "support@q41group.com"
     BUNDLE_ID "com.q41group.velmarin"
-    VERSION 1.1.3
+    VERSION ${PROJECT_VERSION}
     DESCRIPTION "Analog BBD Stereo Flanger"
     PLUGIN_MANUFACTURER_CODE Qfga
     PLUGIN_CODE Vlmr

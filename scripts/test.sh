@@ -17,7 +17,7 @@ bash scripts/check-layers.sh
 bash scripts/check-format.sh
 
 echo "== build (Release)"
-cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=Release >build.configure.log 2>&1 \
+cmake --preset release >build.configure.log 2>&1 \
   || { cat build.configure.log; exit 1; }
 cmake --build build -j"$jobs"
 
@@ -30,8 +30,7 @@ echo "== unit tests with AddressSanitizer and UndefinedBehaviorSanitizer (clang,
 if [ -f build-sanitize/CMakeCache.txt ] && ! grep -q '^CMAKE_CXX_COMPILER:[A-Z]*=.*clang' build-sanitize/CMakeCache.txt; then
   rm -rf build-sanitize
 fi
-CC=clang CXX=clang++ cmake -S . -B build-sanitize -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELMARIN_SANITIZE=ON -DVELMARIN_FUZZ=ON \
-  -DVELMARIN_BUILD_PLUGIN=OFF -DVELMARIN_BUILD_BENCHMARKS=OFF -DVELMARIN_PACKAGE_KEY="$root/build/package-key/velmarin-package.key" >build-sanitize.configure.log 2>&1 \
+cmake --preset sanitize >build-sanitize.configure.log 2>&1 \
   || { cat build-sanitize.configure.log; exit 1; }
 cmake --build build-sanitize -j"$jobs"
 ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plugin/MarrowgateEffect.h"
+#include "product/VelmarinVersion.h"
 
 /** The product: an analog BBD stereo flanger. Makes a VelmarinCore and a VelmarinParameterManager
     and answers the product's constants (identity, 28 preset and host parameters, latency 1).
@@ -30,11 +31,11 @@ public:
     juce::String getPackageKey() const override;
 
     juce::String getDescription() const override { return "Analog BBD Stereo Flanger"; }
-    juce::String getVersion() const override { return "1.1.3"; }
+    juce::String getVersion() const override { return velmarinVersion; }
     juce::String getWebAddress() const override { return "https://q41group.com/velmarin"; }
     juce::String getYear() const override { return "2013"; }
     juce::String getBuildDate() const override { return "2018-06-04"; }
-    juce::String getBuildIdentifier() const override { return "velmarin-1.1.3-linux"; }
+    juce::String getBuildIdentifier() const override { return "velmarin-" + getVersion() + "-linux"; }
     juce::String getBranch() const override { return "master"; }
 
     /** The editor's periodic read-out of the BBD clock: stores the left line's clock frequency as
