@@ -7,7 +7,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
 
 bash scripts/setup.sh
-cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=Release >build.configure.log 2>&1 \
+cmake --preset release >build.configure.log 2>&1 \
   || { cat build.configure.log; exit 1; }
 cmake --build build -j"$(nproc)" >build.log 2>&1 || { tail -n 40 build.log; exit 1; }
 
