@@ -49,15 +49,10 @@ Rendered render(const juce::StringArray& args)
 
 Rendered render(std::initializer_list<const char*> args)
 {
-    auto parsed = parse(args);
-    EXPECT_TRUE(parsed.ok()) << parsed.error;
-    RenderJob job(parsed.options);
-    Rendered r;
-    r.status = job.run();
-    r.error = job.error();
-    r.output = job.output();
-    r.warnings = job.warnings();
-    return r;
+    juce::StringArray list;
+    for (auto* a : args)
+        list.add(a);
+    return render(list);
 }
 
 std::unique_ptr<juce::AudioFormatReader> openWav(const juce::File& file)
