@@ -121,6 +121,23 @@ bool ValueText::isReadable(const Parameter& parameter, const juce::String& text)
     return false;
 }
 
+juce::String ValueText::describeReadable(const Parameter& p)
+{
+    if (auto* e = dynamic_cast<const EnumParameter*>(&p))
+        return "one of " + e->getItems().joinIntoString(", ") + ", or a normalized number from 0 to 1";
+    if (dynamic_cast<const NoteParameter*>(&p) != nullptr)
+        return "a note name such as C-5, or a normalized number from 0 to 1";
+    if (auto* i = dynamic_cast<const IntParameter*>(&p))
+        return "a number from " + juce::String(i->getMinimum()) + " to " + juce::String(i->getMaximum());
+    if (auto* b = dynamic_cast<const BoolParameter*>(&p))
+        return (dynamic_cast<const StateParameter*>(b) != nullptr ? juce::String("On or Off")
+                                                                  : juce::String("true or false")) +
+               ", or a number from 0 to 1";
+    if (auto* f = dynamic_cast<const FloatParameter*>(&p))
+        return "a number from " + juce::String(f->getMinimum()) + " to " + juce::String(f->getMaximum());
+    return "any text";
+}
+
 float ValueText::normalizedForDisplayText(const juce::String& text, float current, int steps,
                                           const std::function<juce::String(float)>& displayAt)
 {

@@ -28,6 +28,10 @@ std::optional<double> findNumber(const juce::String& text);
     suits a string parameter. */
 bool isReadable(const Parameter& parameter, const juce::String& text);
 
+/** What `isReadable` accepts for this parameter, in words for an error line: "one of 16, 32, ...,
+    or a normalized number from 0 to 1", "a number from 0 to 1", "any text". */
+juce::String describeReadable(const Parameter& parameter);
+
 /** The normalized value whose display text is `text`: the inverse of a display function.
     `displayAt(n)` gives the display text at normalized n; `steps` is the number of distinct values
     of a discrete parameter (2 for on/off), 0 for a continuous one; `current` is the normalized

@@ -6,10 +6,6 @@
 #include "io/SafeFile.h"
 #include "io/SafeFileBatch.h"
 #include "io/XmlInput.h"
-#include "parameters/BoolParameter.h"
-#include "parameters/EnumParameter.h"
-#include "parameters/FloatParameter.h"
-#include "parameters/NoteParameter.h"
 #include "parameters/ValueText.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FactoryScan.h"
@@ -177,24 +173,6 @@ private:
     juce::File temporaryUser;
     FolderRule rule;
 };
-
-/** What a --set text of this parameter may be, for the error line. */
-juce::String readableForm(const Parameter& p)
-{
-    if (auto* e = dynamic_cast<const EnumParameter*>(&p))
-        return "one of " + e->getItems().joinIntoString(", ") + ", or a normalized number from 0 to 1";
-    if (dynamic_cast<const NoteParameter*>(&p) != nullptr)
-        return "a note name such as C-5, or a normalized number from 0 to 1";
-    if (auto* i = dynamic_cast<const IntParameter*>(&p))
-        return "a number from " + juce::String(i->getMinimum()) + " to " + juce::String(i->getMaximum());
-    if (auto* b = dynamic_cast<const BoolParameter*>(&p))
-        return (dynamic_cast<const StateParameter*>(b) != nullptr ? juce::String("On or Off")
-                                                                  : juce::String("true or false")) +
-               ", or a number from 0 to 1";
-    if (auto* f = dynamic_cast<const FloatParameter*>(&p))
-        return "a number from " + juce::String(f->getMinimum()) + " to " + juce::String(f->getMaximum());
-    return "any text";
-}
 
 /** The folder of factory packages for a --data-dir value: the folder itself when it holds
     packages, else its "Presets" (or "presets", as a build tree names it). Without a value, the
@@ -368,7 +346,7 @@ int RenderJob::run()
         if (p == nullptr)
             return fail("unknown parameter name '" + name + "'");
         if (! ValueText::isReadable(*p, text))
-            return fail("'" + text + "' is not a value of " + name + " (" + readableForm(*p) + ")");
+            return fail("'" + text + "' is not a value of " + name + " (" + ValueText::describeReadable(*p) + ")");
         p->setText(text, true);
     }
 
