@@ -38,7 +38,7 @@ public:
 private:
     std::optional<std::string> previous;
     juce::File folder = juce::File::getSpecialLocation(juce::File::tempDirectory)
-                            .getNonexistentChildFile("velmarin-tests-home", {}, false);
+                            .getNonexistentChildFile("velmarin-tests-home-" + juce::Uuid().toDashedString(), {}, false);
 };
 } // namespace
 

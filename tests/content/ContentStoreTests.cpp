@@ -43,8 +43,8 @@ protected:
     BasePlugin& plugin() { return processor->getPlugin(); }
     ParameterManager& manager() { return plugin().getParameterManager(); }
 
-    juce::File user =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("stores", {}, false);
+    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                          .getNonexistentChildFile("stores-" + juce::Uuid().toDashedString(), {}, false);
     TagRegistry registry;
     std::unique_ptr<VelmarinProcessor> processor;
     ContentSource* store = nullptr;

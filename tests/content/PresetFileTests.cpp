@@ -39,8 +39,8 @@ protected:
     }
 
     ParameterManager manager;
-    juce::File folder =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("presets", {}, false);
+    juce::File folder = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                            .getNonexistentChildFile("presets-" + juce::Uuid().toDashedString(), {}, false);
 };
 } // namespace
 

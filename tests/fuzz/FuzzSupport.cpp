@@ -52,7 +52,7 @@ void usePrivateFolders()
     const auto base = shared.isDirectory() && shared.hasWriteAccess()
                           ? shared
                           : juce::File::getSpecialLocation(juce::File::tempDirectory);
-    privateRoot = base.getNonexistentChildFile("velmarin-fuzz", {}, false);
+    privateRoot = base.getNonexistentChildFile("velmarin-fuzz-" + juce::Uuid().toDashedString(), {}, false);
     privateRoot.getChildFile("user").createDirectory();
     privateRoot.getChildFile("data").createDirectory();
     std::atexit(removePrivateRoot);

@@ -87,8 +87,8 @@ protected:
         return names.joinIntoString("|");
     }
 
-    juce::File user =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("safe-write", {}, false);
+    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                          .getNonexistentChildFile("safe-write-" + juce::Uuid().toDashedString(), {}, false);
 };
 } // namespace
 

@@ -217,8 +217,8 @@ TEST_F(HostParameters, MapDocumentsMoveParametersAndFollowTheFailureRules)
 
 TEST(HostParameterMapSettings, TheSettingsMapFileReplacesTheDefaultMapAtStartUp)
 {
-    const auto user =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("host-settings", {}, false);
+    const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                          .getNonexistentChildFile("host-settings-" + juce::Uuid().toDashedString(), {}, false);
     user.createDirectory();
     const auto mapFile = user.getChildFile("mine.vmhpmap");
     ASSERT_TRUE(mapFile.replaceWithText(

@@ -90,8 +90,8 @@ TEST_F(MidiMap, DocumentsOfOtherProductsOrWithBadAssignmentsAreRefusedPieceByPie
     EXPECT_EQ(map.getController(parameter("BBD Length")), 0) << "a missing CC is 0";
     EXPECT_EQ(map.getParameter(7), nullptr) << "reading starts from an empty table";
 
-    const auto file =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("map", ".vmccmap", false);
+    const auto file = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                          .getNonexistentChildFile("map-" + juce::Uuid().toDashedString(), ".vmccmap", false);
     ASSERT_TRUE(map.saveToFile(file));
     const auto written = juce::parseXML(file);
     EXPECT_EQ(written->getStringAttribute("name"), "Velmarin");
@@ -129,8 +129,8 @@ TEST_F(MidiMap, TheMapTravelsInTheStateChunk)
 
 TEST(MidiMapSettings, TheDefaultMapOfTheSettingsLoadsAtStartUp)
 {
-    const auto user =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("midi-settings", {}, false);
+    const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                          .getNonexistentChildFile("midi-settings-" + juce::Uuid().toDashedString(), {}, false);
     user.createDirectory();
     const auto mapFile = user.getChildFile("live.vmccmap");
     ASSERT_TRUE(mapFile.replaceWithText(

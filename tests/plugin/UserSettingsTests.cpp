@@ -23,8 +23,8 @@ protected:
         return p.getPlugin().getParameterManager().getText(index);
     }
 
-    juce::File user =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("settings", {}, false);
+    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                          .getNonexistentChildFile("settings-" + juce::Uuid().toDashedString(), {}, false);
     juce::File data = user.getChildFile("shared");
 };
 } // namespace
@@ -114,8 +114,8 @@ TEST_F(UserSettingsFile, ForeignOrBrokenFilesAreIgnoredAndReplaced)
 
 TEST(FolderRuleTest, DevelopmentBuildsUseFoldersBesideThePluginWhenTheyExist)
 {
-    const auto dir =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("rule", {}, false);
+    const auto dir = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                         .getNonexistentChildFile("rule-" + juce::Uuid().toDashedString(), {}, false);
     const auto pluginFile = dir.getChildFile("Probe.so");
     dir.getChildFile("Probe_user").createDirectory();
 

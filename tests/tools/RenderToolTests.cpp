@@ -273,8 +273,8 @@ TEST_F(RenderTool, BenchReportsTheRealtimeFactor)
 
 TEST_F(RenderTool, SavedPresetLoadsInTheNextRunAndSettingsStayInTheChosenFolder)
 {
-    const auto user =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("render-user", {}, false);
+    const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                          .getNonexistentChildFile("render-user-" + juce::Uuid().toDashedString(), {}, false);
     const auto preset = user.getChildFile("Wide.vmprs2");
     const auto presetPath = preset.getFullPathName();
     auto r = render({"--seconds", "0", "--set", "Channels Crossfade=0.3", "--set", "Preset Name=Wide", "--save-preset",
@@ -358,8 +358,8 @@ TEST_F(RenderTool, FactoryLibraryListsTaggedPresetsThatAllLoadAndSound)
 {
     const juce::File package(VELMARIN_FACTORY_PACKAGE);
     ASSERT_TRUE(package.existsAsFile()) << "the build signs the factory package";
-    const auto folders =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("library", {}, false);
+    const auto folders = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                             .getNonexistentChildFile("library-" + juce::Uuid().toDashedString(), {}, false);
     const auto data = folders.getChildFile("data");
     const auto user = folders.getChildFile("user");
     ASSERT_TRUE(data.getChildFile("Presets").createDirectory());
@@ -446,8 +446,8 @@ TEST(RenderOptions, AskingForNoOutputIsBadUsageAndHelpStatesTheLimits)
 TEST_F(RenderTool, UnreadableStateMapAndInputFilesExitTwoWithOneLineSayingWhy)
 {
     ASSERT_TRUE(outFile.getFile().replaceWithText("precious"));
-    const auto folder =
-        juce::File::getSpecialLocation(juce::File::tempDirectory).getNonexistentChildFile("bad-files", {}, false);
+    const auto folder = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                            .getNonexistentChildFile("bad-files-" + juce::Uuid().toDashedString(), {}, false);
     ASSERT_TRUE(folder.createDirectory());
     const auto preset = folder.getChildFile("p.vmprs2");
     ASSERT_TRUE(preset.replaceWithText(R"(<Preset><Parameters/></Preset>)"));
