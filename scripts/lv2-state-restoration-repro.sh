@@ -21,6 +21,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 pluginval="$root/build/pluginval/pluginval_artefacts/Release/pluginval"
 bundle="$root/build/Velmarin_artefacts/Release/LV2/Velmarin.lv2"
 [ -x "$pluginval" ] && [ -d "$bundle" ] || { echo "build first: bash scripts/test.sh" >&2; exit 2; }
+uri=$(grep -m 1 -o '^<[^>]*>' "$bundle/manifest.ttl" | tr -d '<>')
 command -v gdb >/dev/null || { echo "gdb is needed" >&2; exit 2; }
 
 work=$(mktemp -d)
@@ -52,7 +53,7 @@ run
 GDB
 HOME="$work/home" \
   gdb -batch -x "$work/gdb" --args "$pluginval" --strictness-level 10 --skip-gui-tests --randomise \
-  --random-seed 0x200d79e4 --validate https://q41group.com/plugins/velmarin >"$work/log" 2>&1 || true
+  --random-seed 0x200d79e4 --validate "$uri" >"$work/log" 2>&1 || true
 
 # The first "Plugin state restoration" of the run, up to the start of the next test.
 awk '/Starting tests in: pluginval \/ / { if (on) exit; if ($0 ~ /Plugin state restoration/) on = 1 } on { print }' \

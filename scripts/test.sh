@@ -68,7 +68,9 @@ echo "VST3, random order: $(tail -n 1 build/pluginval-vst3-random.log)"
 # pluginval finds LV2 plug-ins by URI in ~/.lv2: give it a private home holding the built bundle.
 mkdir -p "$lv2home/.lv2"
 ln -s "$artefacts/LV2/Velmarin.lv2" "$lv2home/.lv2/Velmarin.lv2"
-HOME="$lv2home" "$pluginval" --strictness-level 10 --skip-gui-tests --validate "https://q41group.com/plugins/velmarin" \
+# The plug-in's URI as the build wrote it into the bundle's manifest.
+lv2uri=$(grep -m 1 -o '^<[^>]*>' "$artefacts/LV2/Velmarin.lv2/manifest.ttl" | tr -d '<>')
+HOME="$lv2home" "$pluginval" --strictness-level 10 --skip-gui-tests --validate "$lv2uri" \
   >build/pluginval-lv2.log 2>&1 || { tail -n 60 build/pluginval-lv2.log; echo "pluginval failed on LV2"; exit 1; }
 echo "LV2: $(tail -n 1 build/pluginval-lv2.log)"
 
