@@ -18,6 +18,8 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   # hosts and validation: LV2 tools, a virtual display, pluginval's LADSPA header
   lilv-utils xvfb xauth ladspa-sdk
+  # a font file the skin tests build their test skins with
+  fonts-dejavu-core
   fonts-dejavu-core
 )
 if [ "${1:-}" = "--peers" ]; then

@@ -3,24 +3,9 @@
 #include "PackageFile.h"
 #include "PackageKey.h"
 #include "io/SafeFile.h"
+#include "io/ZipArchive.h"
 
 #include <juce_cryptography/juce_cryptography.h>
-
-namespace
-{
-juce::MemoryBlock zip(const juce::StringArray& names, const juce::Array<juce::MemoryBlock>& contents, int compression)
-{
-    juce::ZipFile::Builder builder;
-    const auto now = juce::Time::getCurrentTime();
-    for (int i = 0; i < names.size(); ++i)
-        builder.addEntry(new juce::MemoryInputStream(contents.getReference(i), true), compression, names[i], now);
-    juce::MemoryBlock bytes;
-    juce::MemoryOutputStream out(bytes, false);
-    builder.writeToStream(out, nullptr);
-    out.flush();
-    return bytes;
-}
-} // namespace
 
 PackageBuilder::PackageBuilder(PackageDescription d) : description(std::move(d)) {}
 
@@ -42,11 +27,11 @@ juce::MemoryBlock PackageBuilder::buildContent() const
     desc.setAttribute("organization", description.organization);
     const auto descText = desc.toString();
 
-    juce::StringArray allNames{PackageFile::descriptionEntry};
-    juce::Array<juce::MemoryBlock> allContents{juce::MemoryBlock(descText.toRawUTF8(), descText.getNumBytesAsUTF8())};
-    allNames.addArray(names);
-    allContents.addArray(contents);
-    return zip(allNames, allContents, 9);
+    std::vector<ZipArchive::Entry> entries{
+        {PackageFile::descriptionEntry, juce::MemoryBlock(descText.toRawUTF8(), descText.getNumBytesAsUTF8())}};
+    for (int i = 0; i < names.size(); ++i)
+        entries.push_back({names[i], contents.getReference(i)});
+    return ZipArchive::write(entries);
 }
 
 juce::String PackageBuilder::sign(const juce::MemoryBlock& content, const juce::String& privateKey)
@@ -74,8 +59,8 @@ bool PackageBuilder::write(const juce::File& target, const juce::String& private
 
 juce::MemoryBlock PackageBuilder::wrap(const juce::MemoryBlock& content, const juce::String& signature)
 {
-    return zip({"hash", "content"}, {juce::MemoryBlock(signature.toRawUTF8(), signature.getNumBytesAsUTF8()), content},
-               0);
+    return ZipArchive::write({{"hash", juce::MemoryBlock(signature.toRawUTF8(), signature.getNumBytesAsUTF8()), 0},
+                              {"content", content, 0}});
 }
 
 namespace

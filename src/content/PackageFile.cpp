@@ -1,5 +1,6 @@
 #include "PackageFile.h"
 #include "io/XmlInput.h"
+#include "io/ZipArchive.h"
 
 #include <juce_cryptography/juce_cryptography.h>
 
@@ -8,18 +9,6 @@ namespace
 /** Limits of the two outer entries: a signature is a few hundred bytes, a library some megabytes. */
 constexpr size_t maximumHashBytes = 64 * 1024;
 constexpr size_t maximumContentBytes = 256 * 1024 * 1024;
-
-bool readEntry(juce::ZipFile& zip, const juce::String& entryName, size_t limit, juce::MemoryBlock& bytes)
-{
-    const int index = zip.getIndexOfFileName(entryName);
-    if (index < 0)
-        return false;
-    std::unique_ptr<juce::InputStream> stream(zip.createStreamForEntry(index));
-    if (stream == nullptr)
-        return false;
-    // The size an entry declares is not trusted: the bytes are read as they come.
-    return XmlInput::readAtMost(*stream, limit, bytes);
-}
 } // namespace
 
 bool PackageFile::signatureMatches(const juce::String& signature, const juce::MemoryBlock& content,
@@ -48,8 +37,8 @@ PackageFile::PackageFile(const juce::File& file, const juce::String& publicKey)
     outer = std::make_unique<juce::ZipFile>(file);
 
     juce::MemoryBlock hashBytes;
-    if (! readEntry(*outer, "hash", maximumHashBytes, hashBytes) ||
-        ! readEntry(*outer, "content", maximumContentBytes, contentBytes) ||
+    if (! ZipArchive::readEntry(*outer, "hash", maximumHashBytes, hashBytes) ||
+        ! ZipArchive::readEntry(*outer, "content", maximumContentBytes, contentBytes) ||
         ! signatureMatches(hashBytes.toString(), contentBytes, publicKey))
     {
         outer.reset();

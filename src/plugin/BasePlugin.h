@@ -132,6 +132,8 @@ public:
     juce::File getDirectory(const juce::String& key) const;
     const juce::File& getUserDirectory() const noexcept { return userDirectory; }
     const juce::File& getDataDirectory() const noexcept { return dataDirectory; }
+    /** The files the product embeds in its module. */
+    const PluginResources& getResources() const noexcept { return resources; }
     const juce::File& getPluginFile() const noexcept { return pluginFile; }
 
     // The map choices the settings file keeps between instances.

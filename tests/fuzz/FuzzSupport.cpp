@@ -11,7 +11,7 @@ namespace fuzz
 const Target targets[] = {
     {"state_chunk", fuzzStateChunk}, {"preset", fuzzPreset},    {"parameters", fuzzParameters},
     {"midi_map", fuzzMidiMap},       {"host_map", fuzzHostMap}, {"settings", fuzzSettings},
-    {"package", fuzzPackage},        {"tags", fuzzTags},
+    {"package", fuzzPackage},        {"tags", fuzzTags},        {"skin_package", fuzzSkinPackage},
 };
 const int numTargets = static_cast<int>(std::size(targets));
 

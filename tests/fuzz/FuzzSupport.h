@@ -57,3 +57,4 @@ int fuzzHostMap(const uint8_t* data, size_t size);
 int fuzzSettings(const uint8_t* data, size_t size);
 int fuzzPackage(const uint8_t* data, size_t size);
 int fuzzTags(const uint8_t* data, size_t size);
+int fuzzSkinPackage(const uint8_t* data, size_t size);

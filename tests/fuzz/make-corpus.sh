@@ -3,7 +3,8 @@
 # state chunks and settings written by velmarin-render, factory presets, the parameter description,
 # packages built by velmarin-package with the fuzz test key, and hand-written samples of the small
 # formats. Usage: tests/fuzz/make-corpus.sh BUILD_DIR   (a build holding velmarin-render and
-# velmarin-package; copy them elsewhere first if that build may be rebuilt meanwhile).
+# velmarin-package; copy them elsewhere first if that build may be rebuilt meanwhile). Skin packages
+# are packed by velmarin-skin.
 set -euo pipefail
 
 build=${1:?usage: make-corpus.sh BUILD_DIR}
@@ -11,12 +12,13 @@ here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "$here/../.." && pwd)
 render="$build/tools/velmarin-render/velmarin-render"
 package="$build/tools/velmarin-package/velmarin-package"
+skin="$build/tools/velmarin-skin/velmarin-skin"
 corpus="$here/corpus"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 rm -rf "$corpus"
-mkdir -p "$corpus"/{state_chunk,preset,parameters,midi_map,host_map,settings,package,tags}
+mkdir -p "$corpus"/{state_chunk,preset,parameters,midi_map,host_map,settings,package,tags,skin_package}
 factory="$root/presets/factory"
 some_presets=("Afterburner" "Air Lift" "Bar Sweep" "Bell Jar" "Braided")
 
@@ -139,6 +141,46 @@ inner = zipfile.ZipFile(sys.argv[1]).read("content")
 (out / "whole-cut.bin").write_bytes(b"\0" + pkg[: len(pkg) // 2])
 (out / "inner-cut.bin").write_bytes(b"\1" + inner[: len(inner) * 2 // 3])
 (out / "not-a-zip.bin").write_bytes(b"\0PK\3\4 nothing")
+PY
+
+# Skin packages packed by the skin tool, as SkinPackageFuzz.cpp reads them: the first byte 0 for a
+# whole package, 1 for an inner archive.
+mkdir -p "$work/Fuzz/fonts"
+cat >"$work/Fuzz/skin.xml" <<'XML'
+<?xml version="1.0" encoding="UTF-8"?>
+<PluginEditor>
+  <Fonts><font typeface="Label" style="bold" file="fonts/Label.ttf"/><font typeface="Label" file="Missing.ttf"/></Fonts>
+  <Panel name="MainPanel" background="Background.png">
+    <Knob name="Rate"><gfx resource="Knob.png" framesNum="2"/></Knob>
+    <Mixer><gfx><image name="slider" strip="Knob.png" frames="2"/></gfx></Mixer>
+  </Panel>
+</PluginEditor>
+XML
+python3 - "$work/Fuzz" <<'PY'
+import sys, zlib, struct, pathlib
+folder = pathlib.Path(sys.argv[1])
+def png(width, height):
+    def chunk(kind, data):
+        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data) & 0xffffffff)
+    rows = b"".join(b"\0" + b"\x40\x80\xc0\xff" * width for _ in range(height))
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0))
+            + chunk(b"IDAT", zlib.compress(rows)) + chunk(b"IEND", b""))
+(folder / "Background.png").write_bytes(png(8, 6))
+(folder / "Thumbnail.png").write_bytes(png(2, 2))
+(folder / "Knob.png").write_bytes(png(3, 4))
+(folder / "Thumbnail.gif").write_bytes(b"GIF89a\x01\x00\x01\x00\x00\x00\x00;")
+(folder / "fonts" / "Label.ttf").write_bytes(b"\0\1\0\0\0\0\0\0\0\0\0\0")
+PY
+"$skin" pack "$work/Fuzz" "$work/Fuzz.q41skin" >/dev/null
+python3 - "$work/Fuzz.q41skin" "$corpus/skin_package" <<'PY'
+import sys, zipfile, pathlib
+pkg = pathlib.Path(sys.argv[1]).read_bytes()
+out = pathlib.Path(sys.argv[2])
+(out / "whole.bin").write_bytes(b"\0" + pkg)
+inner = zipfile.ZipFile(sys.argv[1]).read("Fuzz.skin")
+(out / "inner.bin").write_bytes(b"\1" + inner)
+(out / "whole-cut.bin").write_bytes(b"\0" + pkg[: len(pkg) * 2 // 3])
+(out / "digest-renamed.bin").write_bytes(b"\0" + pkg.replace(b"Fuzz.md5", b"Fuzz.MD5"))
 PY
 
 # Tags.

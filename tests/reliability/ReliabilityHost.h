@@ -3,6 +3,7 @@
 // What the soak and the stress share of a host: the run length from the environment, a transport,
 // the message thread's work, controllers mapped to every preset parameter, and the output check.
 
+#include "TestSupport.h"
 #include "plugin/BasePlugin.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
@@ -10,12 +11,6 @@
 #include <atomic>
 #include <cmath>
 #include <cstdlib>
-
-namespace juce
-{
-// JUCE's own message loop step (Linux): dispatches what is waiting, or returns false at once.
-bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
-} // namespace juce
 
 namespace reliability
 {
@@ -31,13 +26,7 @@ inline double secondsFromEnvironment(const char* name, double fallback)
     return value > 0.0 ? value : fallback;
 }
 
-/** Message thread: runs every message that is waiting (asynchronous parameter listeners above all). */
-inline void dispatchPendingMessages()
-{
-    while (juce::dispatchNextMessageOnSystemQueue(true))
-    {
-    }
-}
+using testsupport::dispatchPendingMessages;
 
 /** Message thread, before audio runs. */
 inline void mapControllers(BasePlugin& plugin)
