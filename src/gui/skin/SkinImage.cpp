@@ -1,5 +1,10 @@
 #include "SkinImage.h"
 
+#include <csetjmp>
+#include <cstdio>
+#include <jpeglib.h>
+#include <png.h>
+
 namespace
 {
 uint32_t bigEndian32(const uint8_t* p)
@@ -71,6 +76,109 @@ std::optional<juce::Point<int>> jpegSize(const uint8_t* p, size_t size)
     }
     return std::nullopt;
 }
+/** Makes JUCE's ARGB pixels (premultiplied) of straight BGRA bytes in place. */
+void premultiply(juce::Image& image)
+{
+    const juce::Image::BitmapData pixels(image, juce::Image::BitmapData::readWrite);
+    for (int y = 0; y < pixels.height; ++y)
+        for (int x = 0; x < pixels.width; ++x)
+            reinterpret_cast<juce::PixelARGB*>(pixels.getPixelPointer(x, y))->premultiply();
+}
+
+// PNG through libpng's simplified interface, which catches its own errors. JUCE 7.0.5's PNG reader
+// on a system libpng returns from libpng's error callback instead of jumping out, so a damaged
+// file makes libpng jump into a stack frame that is gone.
+juce::Image decodePng(const juce::MemoryBlock& bytes)
+{
+    png_image png{};
+    png.version = PNG_IMAGE_VERSION;
+    if (png_image_begin_read_from_memory(&png, bytes.getData(), bytes.getSize()) == 0)
+        return {};
+    png.format = PNG_FORMAT_BGRA;
+    juce::Image image(juce::Image::ARGB, int(png.width), int(png.height), false, juce::SoftwareImageType());
+    bool ok = false;
+    {
+        const juce::Image::BitmapData pixels(image, juce::Image::BitmapData::writeOnly);
+        ok = png_image_finish_read(&png, nullptr, pixels.data, pixels.lineStride, nullptr) != 0;
+    }
+    png_image_free(&png);
+    if (! ok)
+        return {};
+    premultiply(image);
+    return image;
+}
+
+// JPEG through libjpeg with an error handler that jumps out, as libjpeg requires. JUCE 7.0.5's
+// reader on a system libjpeg returns from the fatal error handler, and libjpeg goes on with a
+// broken state. The functions that set a jump point hold no C++ objects.
+struct JpegError
+{
+    jpeg_error_mgr manager;
+    std::jmp_buf jump;
+};
+
+void jpegErrorExit(j_common_ptr info)
+{
+    std::longjmp(reinterpret_cast<JpegError*>(info->err)->jump, 1);
+}
+void jpegQuiet(j_common_ptr) {}
+
+struct JpegReader
+{
+    jpeg_decompress_struct info;
+    JpegError error;
+};
+
+bool startJpeg(JpegReader& reader, const void* data, size_t size)
+{
+    if (setjmp(reader.error.jump) != 0)
+        return false;
+    jpeg_mem_src(&reader.info, static_cast<const unsigned char*>(data), static_cast<unsigned long>(size));
+    if (jpeg_read_header(&reader.info, TRUE) != JPEG_HEADER_OK)
+        return false;
+    reader.info.out_color_space = JCS_EXT_BGRA;
+    jpeg_start_decompress(&reader.info);
+    return true;
+}
+
+bool readJpegRows(JpegReader& reader, uint8_t* pixels, int lineStride)
+{
+    if (setjmp(reader.error.jump) != 0)
+        return false;
+    while (reader.info.output_scanline < reader.info.output_height)
+    {
+        JSAMPROW row = pixels + size_t(reader.info.output_scanline) * size_t(lineStride);
+        if (jpeg_read_scanlines(&reader.info, &row, 1) != 1)
+            return false;
+    }
+    jpeg_finish_decompress(&reader.info);
+    return true;
+}
+
+juce::Image decodeJpeg(const juce::MemoryBlock& bytes, juce::Point<int> declared)
+{
+    JpegReader reader{};
+    reader.info.err = jpeg_std_error(&reader.error.manager);
+    reader.error.manager.error_exit = jpegErrorExit;
+    reader.error.manager.output_message = jpegQuiet;
+    jpeg_create_decompress(&reader.info);
+
+    juce::Image image;
+    if (startJpeg(reader, bytes.getData(), bytes.getSize()) && int(reader.info.output_width) == declared.x &&
+        int(reader.info.output_height) == declared.y && reader.info.output_components == 4)
+    {
+        image = juce::Image(juce::Image::ARGB, declared.x, declared.y, false, juce::SoftwareImageType());
+        bool ok = false;
+        {
+            const juce::Image::BitmapData pixels(image, juce::Image::BitmapData::writeOnly);
+            ok = readJpegRows(reader, pixels.data, pixels.lineStride);
+        }
+        if (! ok)
+            image = {};
+    }
+    jpeg_destroy_decompress(&reader.info);
+    return image;
+}
 } // namespace
 
 namespace SkinImage
@@ -95,6 +203,14 @@ juce::Image decode(const juce::MemoryBlock& bytes)
     if (! size || size->x <= 0 || size->y <= 0 || size->x > maximumSide || size->y > maximumSide ||
         int64_t(size->x) * int64_t(size->y) > maximumPixels)
         return {};
-    return juce::ImageFileFormat::loadFrom(bytes.getData(), bytes.getSize());
+    const auto* p = static_cast<const uint8_t*>(bytes.getData());
+    if (pngSize(p, bytes.getSize()))
+        return decodePng(bytes);
+    if (gifSize(p, bytes.getSize()))
+    {
+        juce::MemoryInputStream stream(bytes, false);
+        return juce::GIFImageFormat().decodeImage(stream);
+    }
+    return decodeJpeg(bytes, *size);
 }
 } // namespace SkinImage

@@ -225,6 +225,31 @@ TEST(SkinImage, ImagesAreRefusedBeforeDecodingWhenTheirHeaderDeclaresTooMuch)
         EXPECT_EQ(*size, juce::Point<int>(123, 45)) << format->getFormatName();
         EXPECT_EQ(SkinImage::decode(bytes).getBounds(), image.getBounds());
     }
+    // Damaged data behind a good header: the decoders' own error paths, which JUCE's readers on the
+    // system libraries get wrong (a PNG error jumped into a gone stack frame).
+    for (juce::ImageFileFormat* format : std::vector<juce::ImageFileFormat*>{&pngFormat, &jpegFormat})
+    {
+        juce::Image noisy(juce::Image::RGB, 64, 64, true);
+        juce::Random random(7);
+        for (int y = 0; y < 64; ++y)
+            for (int x = 0; x < 64; ++x)
+                noisy.setPixelAt(x, y, juce::Colour(uint32_t(random.nextInt())));
+        juce::MemoryBlock bytes;
+        {
+            juce::MemoryOutputStream out(bytes, false);
+            format->writeImageToStream(noisy, out);
+        }
+        for (size_t at = 40; at < bytes.getSize(); at += 97)
+        {
+            auto damaged = bytes;
+            damaged[at] = char(damaged[at] ^ 0x5a);
+            const auto decoded = SkinImage::decode(damaged);
+            EXPECT_TRUE(! decoded.isValid() || decoded.getBounds() == noisy.getBounds()) << format->getFormatName();
+        }
+        if (format == &pngFormat)
+            EXPECT_FALSE(SkinImage::decode(juce::MemoryBlock(bytes.getData(), bytes.getSize() / 2)).isValid());
+    }
+
     const uint8_t gif[] = {'G', 'I', 'F', '8', '9', 'a', 0x10, 0x27, 0x20, 0x4e};
     EXPECT_EQ(SkinImage::declaredSize(gif, sizeof(gif)), juce::Point<int>(10000, 20000));
 }
