@@ -129,21 +129,6 @@ public:
 };
 } // namespace
 
-TEST_F(BlockDriver, BlockWithoutMidiIsOneRunInPlace)
-{
-    juce::AudioBuffer<float> buffer(2, 300);
-    juce::MidiBuffer midi;
-    process(buffer, midi);
-    ASSERT_EQ(effect.runs.size(), 1u);
-    const auto& run = effect.runs[0];
-    EXPECT_TRUE(run.stereo);
-    EXPECT_EQ(run.numSamples, 300);
-    EXPECT_EQ(run.inLeft, buffer.getReadPointer(0));
-    EXPECT_EQ(run.inRight, buffer.getReadPointer(1));
-    EXPECT_EQ(run.outLeft, buffer.getWritePointer(0));
-    EXPECT_EQ(run.outRight, buffer.getWritePointer(1));
-}
-
 TEST_F(BlockDriver, ZeroSampleBlockRunsNothingButKeepsTransportAndQueuedMidi)
 {
     FixedPlayHead head;
@@ -188,7 +173,7 @@ TEST_F(BlockDriver, MonoLayoutRunsTheMonoPath)
     EXPECT_EQ(effect.runs[0].outLeft, buffer.getWritePointer(0));
 }
 
-TEST_F(BlockDriver, MidiEventsSplitTheBlockOnceAtEachPositionAndNeverMakeAnEmptyRun)
+TEST_F(BlockDriver, RunsAreInPlaceAndMidiSplitsThemOnceAtEachPositionWithoutEmptyRuns)
 {
     struct Case
     {
@@ -199,6 +184,7 @@ TEST_F(BlockDriver, MidiEventsSplitTheBlockOnceAtEachPositionAndNeverMakeAnEmpty
         std::vector<int> runs;
     };
     const std::vector<Case> cases = {
+        {"no MIDI", 300, {}, false, {300}},
         {"two at one position", 100, {{40, 1}, {40, 2}}, false, {40, 60}},
         {"at the last sample", 100, {{99, 3}}, false, {99, 1}},
         {"at zero", 50, {{0, 3}}, false, {50}},
@@ -220,7 +206,10 @@ TEST_F(BlockDriver, MidiEventsSplitTheBlockOnceAtEachPositionAndNeverMakeAnEmpty
         for (const auto& run : effect.runs)
         {
             starts.push_back(static_cast<int>(run.inLeft - buffer.getReadPointer(0)));
+            EXPECT_TRUE(run.stereo);
             EXPECT_EQ(run.outLeft, buffer.getWritePointer(0) + starts.back()) << c.what;
+            EXPECT_EQ(run.inRight, buffer.getReadPointer(1) + starts.back()) << c.what;
+            EXPECT_EQ(run.outRight, buffer.getWritePointer(1) + starts.back()) << c.what;
         }
         ASSERT_EQ(effect.controllers.size(), c.controllers.size()) << c.what;
         for (size_t i = 0; i < c.controllers.size(); ++i)

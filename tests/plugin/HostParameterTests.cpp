@@ -1,4 +1,5 @@
 // The 28 parameters the host sees, and how values travel between host and plug-in.
+#include "TempFolder.h"
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
@@ -217,9 +218,8 @@ TEST_F(HostParameters, MapDocumentsMoveParametersAndFollowTheFailureRules)
 
 TEST(HostParameterMapSettings, TheSettingsMapFileReplacesTheDefaultMapAtStartUp)
 {
-    const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory)
-                          .getNonexistentChildFile("host-settings-" + juce::Uuid().toDashedString(), {}, false);
-    user.createDirectory();
+    const TempFolder temp("host-settings-");
+    const auto& user = temp.folder;
     const auto mapFile = user.getChildFile("mine.vmhpmap");
     ASSERT_TRUE(mapFile.replaceWithText(
         R"(<HostParametersMap name="Velmarin"><assign hostParam="28" pluginParam="Preamp"/></HostParametersMap>)"));
@@ -241,5 +241,4 @@ TEST(HostParameterMapSettings, TheSettingsMapFileReplacesTheDefaultMapAtStartUp)
         EXPECT_EQ(lv2.getParameters()[27]->getName(100), "Output Volume");
     }
     juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_Undefined);
-    user.deleteRecursively();
 }
