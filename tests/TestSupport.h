@@ -32,8 +32,7 @@ public:
     const juce::File& get() const noexcept { return folder; }
     juce::File operator/(const juce::String& child) const { return folder.getChildFile(child); }
 
-private:
-    juce::File folder;
+    const juce::File folder;
 };
 
 /** Message thread: runs every message that is waiting (asynchronous listeners and updates). */

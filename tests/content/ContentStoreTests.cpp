@@ -1,5 +1,6 @@
 // The user's preset folder and signed packages as stores: create, rename, delete, import, tags,
 // loading into the plug-in, and packages refused for every kind of damage.
+#include "TestSupport.h"
 #include "TestPackageKey.h"
 #include "content/PackageBuilder.h"
 #include "content/PackageKey.h"
@@ -29,22 +30,17 @@ class Stores : public ::testing::Test
 protected:
     Stores()
     {
-        user.createDirectory();
         processor = std::make_unique<VelmarinProcessor>(FolderRule::fixed(user, user.getChildFile("data")));
         store = plugin().getUserStore();
         store->attach(&registry);
     }
-    ~Stores() override
-    {
-        processor.reset();
-        user.deleteRecursively();
-    }
+    ~Stores() override { processor.reset(); }
 
     BasePlugin& plugin() { return processor->getPlugin(); }
     ParameterManager& manager() { return plugin().getParameterManager(); }
 
-    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory)
-                          .getNonexistentChildFile("stores-" + juce::Uuid().toDashedString(), {}, false);
+    testsupport::TemporaryFolder temp{"stores-"};
+    const juce::File& user = temp.folder;
     TagRegistry registry;
     std::unique_ptr<VelmarinProcessor> processor;
     ContentSource* store = nullptr;

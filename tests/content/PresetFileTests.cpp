@@ -1,5 +1,6 @@
 // The preset document: metadata written only where it was set, parameters by name, the old layout,
 // header-only reading, and tags rewritten in place.
+#include "TestSupport.h"
 #include "content/ContentTags.h"
 #include "content/Preset.h"
 #include "parameters/ParameterManager.h"
@@ -19,9 +20,7 @@ protected:
             <param index="2" name="Mode" type="enum" enum="A;B;C" value="B"/>
             <param index="7" name="Mix" value="0.25"/>
           </PluginParameters>)")));
-        folder.createDirectory();
     }
-    ~PresetFile() override { folder.deleteRecursively(); }
 
     juce::File write(const juce::String& fileName, const juce::String& text)
     {
@@ -39,8 +38,8 @@ protected:
     }
 
     ParameterManager manager;
-    juce::File folder = juce::File::getSpecialLocation(juce::File::tempDirectory)
-                            .getNonexistentChildFile("presets-" + juce::Uuid().toDashedString(), {}, false);
+    testsupport::TemporaryFolder temp{"presets-"};
+    const juce::File& folder = temp.folder;
 };
 } // namespace
 

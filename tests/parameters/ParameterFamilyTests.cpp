@@ -12,27 +12,32 @@
 #include <cmath>
 #include <limits>
 
+namespace
+{
+/** The parameter after one write without notification, for reading back in the same line. */
+template <typename Value, typename Given>
+Parameter& after(Parameter& p, void (Parameter::*write)(Value, bool), const Given& value)
+{
+    (p.*write)(value, false);
+    return p;
+}
+} // namespace
+
 TEST(FloatParameter, ClampsWritesIntoItsBoundsAndKeepsNormalizedInStep)
 {
     FloatParameter p(0, "f", 0.0f, 1.0f, 0.5f);
-    p.setNormalized(2.0f, false);
-    EXPECT_EQ(p.getFloat(), 1.0f);
+    EXPECT_EQ(after(p, &Parameter::setNormalized, 2.0f).getFloat(), 1.0f);
     EXPECT_EQ(p.getNormalized(), 1.0f);
-    p.setFloat(-1.0f, false);
-    EXPECT_EQ(p.getFloat(), 0.0f);
+    EXPECT_EQ(after(p, &Parameter::setFloat, -1.0f).getFloat(), 0.0f);
     EXPECT_EQ(p.getNormalized(), 0.0f);
 
     FloatParameter wide(1, "w", -10.0f, 30.0f, 0.0f);
     EXPECT_FLOAT_EQ(wide.getNormalized(), 0.25f);
-    wide.setNormalized(0.75f, false);
-    EXPECT_FLOAT_EQ(wide.getFloat(), 20.0f);
-    wide.setText("12.5", false);
-    EXPECT_FLOAT_EQ(wide.getFloat(), 12.5f);
+    EXPECT_FLOAT_EQ(after(wide, &Parameter::setNormalized, 0.75f).getFloat(), 20.0f);
+    EXPECT_FLOAT_EQ(after(wide, &Parameter::setText, "12.5").getFloat(), 12.5f);
     EXPECT_EQ(wide.getInt(), 12);
-    wide.setFloat(-7.9f, false);
-    EXPECT_EQ(wide.getInt(), -7) << "truncation toward zero";
-    wide.setInt(100, false);
-    EXPECT_EQ(wide.getFloat(), 30.0f);
+    EXPECT_EQ(after(wide, &Parameter::setFloat, -7.9f).getInt(), -7) << "truncation toward zero";
+    EXPECT_EQ(after(wide, &Parameter::setInt, 100).getFloat(), 30.0f);
 }
 
 TEST(FloatParameter, ConstructorOrdersBoundsAndClampsAgainstThemAsGiven)
@@ -50,12 +55,10 @@ TEST(FloatParameter, ConstructorOrdersBoundsAndClampsAgainstThemAsGiven)
 TEST(FloatParameter, SetBoolWritesNormalizedTheWrongWayRound)
 {
     FloatParameter p(0, "f", 0.0f, 1.0f, 0.5f);
-    p.setBool(true, false);
-    EXPECT_EQ(p.getFloat(), 1.0f);
+    EXPECT_EQ(after(p, &Parameter::setBool, true).getFloat(), 1.0f);
     EXPECT_EQ(p.getNormalized(), 0.0f);
     EXPECT_FALSE(p.getBool());
-    p.setBool(false, false);
-    EXPECT_EQ(p.getFloat(), 0.0f);
+    EXPECT_EQ(after(p, &Parameter::setBool, false).getFloat(), 0.0f);
     EXPECT_EQ(p.getNormalized(), 1.0f);
     EXPECT_TRUE(p.getBool());
 }
@@ -64,8 +67,7 @@ TEST(FloatParameter, TextIsTheShortestDecimalForm)
 {
     FloatParameter p(0, "f", 0.0f, 1.0f, 0.216000006f);
     EXPECT_EQ(p.getText(), "0.216");
-    p.setFloat(1.0f, false);
-    EXPECT_EQ(p.getText(), "1");
+    EXPECT_EQ(after(p, &Parameter::setFloat, 1.0f).getText(), "1");
     EXPECT_TRUE(p.getVar().isDouble());
 }
 
@@ -86,26 +88,20 @@ TEST(FloatParameter, CloneCopiesBoundsAndValueButLeavesNormalizedAtZero)
 TEST(FloatParameter, NanCountsAsUnchangedAndLeavesNormalizedAlone)
 {
     FloatParameter p(0, "f", 0.0f, 1.0f, 0.5f);
-    p.setFloat(std::numeric_limits<float>::quiet_NaN(), false);
-    EXPECT_EQ(p.getNormalized(), 0.5f);
+    EXPECT_EQ(after(p, &Parameter::setFloat, std::numeric_limits<float>::quiet_NaN()).getNormalized(), 0.5f);
     EXPECT_EQ(p.getInt(), 0) << "a NaN reads as 0, never as undefined behaviour";
 }
 
 TEST(IntParameter, SetNormalizedRoundsHalfUpWithoutClampingAfter)
 {
     IntParameter p(0, "i", 0, 10, 0);
-    p.setNormalized(0.25f, false);
-    EXPECT_EQ(p.getInt(), 3);
-    p.setNormalized(0.24f, false);
-    EXPECT_EQ(p.getInt(), 2);
-    p.setNormalized(-5.0f, false);
-    EXPECT_EQ(p.getInt(), 0);
-    p.setNormalized(std::numeric_limits<float>::quiet_NaN(), false);
-    EXPECT_EQ(p.getInt(), 0);
+    EXPECT_EQ(after(p, &Parameter::setNormalized, 0.25f).getInt(), 3);
+    EXPECT_EQ(after(p, &Parameter::setNormalized, 0.24f).getInt(), 2);
+    EXPECT_EQ(after(p, &Parameter::setNormalized, -5.0f).getInt(), 0);
+    EXPECT_EQ(after(p, &Parameter::setNormalized, std::numeric_limits<float>::quiet_NaN()).getInt(), 0);
 
     IntParameter offset(1, "o", -3, 3, 0);
-    offset.setNormalized(1.0f, false);
-    EXPECT_EQ(offset.getInt(), 3);
+    EXPECT_EQ(after(offset, &Parameter::setNormalized, 1.0f).getInt(), 3);
     EXPECT_FLOAT_EQ(offset.getNormalized(), 1.0f);
     EXPECT_FALSE(IntParameter(2, "m", -3, 3, -3).getBool()) << "the minimum is false";
 }
@@ -113,14 +109,10 @@ TEST(IntParameter, SetNormalizedRoundsHalfUpWithoutClampingAfter)
 TEST(IntParameter, OtherFormsTruncateAndClamp)
 {
     IntParameter p(0, "i", 0, 10, 5);
-    p.setFloat(7.9f, false);
-    EXPECT_EQ(p.getInt(), 7);
-    p.setText("42", false);
-    EXPECT_EQ(p.getInt(), 10);
-    p.setBool(false, false);
-    EXPECT_EQ(p.getInt(), 0);
-    p.setBool(true, false);
-    EXPECT_EQ(p.getInt(), 10);
+    EXPECT_EQ(after(p, &Parameter::setFloat, 7.9f).getInt(), 7);
+    EXPECT_EQ(after(p, &Parameter::setText, "42").getInt(), 10);
+    EXPECT_EQ(after(p, &Parameter::setBool, false).getInt(), 0);
+    EXPECT_EQ(after(p, &Parameter::setBool, true).getInt(), 10);
     EXPECT_EQ(p.getText(), "10");
 }
 
@@ -135,15 +127,12 @@ TEST(EnumParameter, MatchesItemsExactlyAndReadsOtherTextAsNormalized)
     EnumParameter p(0, "e");
     p.setItems("Off;Low;High");
     EXPECT_EQ(p.getMaximum(), 2);
-    p.setText("Low", false);
-    EXPECT_EQ(p.getInt(), 1);
-    p.setText("low", false);
-    EXPECT_EQ(p.getInt(), 0) << "no match: its double value 0 goes to setNormalized";
-    p.setText("2", false);
-    EXPECT_EQ(p.getInt(), 2) << "a number that is no item is read as normalized and clamps to the last item";
+    EXPECT_EQ(after(p, &Parameter::setText, "Low").getInt(), 1);
+    EXPECT_EQ(after(p, &Parameter::setText, "low").getInt(), 0) << "no match: its double value 0 goes to setNormalized";
+    EXPECT_EQ(after(p, &Parameter::setText, "2").getInt(), 2)
+        << "a number that is no item is read as normalized and clamps to the last item";
     EXPECT_EQ(p.getText(), "High");
-    p.setText("0.5", false);
-    EXPECT_EQ(p.getInt(), 1);
+    EXPECT_EQ(after(p, &Parameter::setText, "0.5").getInt(), 1);
 }
 
 TEST(EnumParameter, WithoutItemsHasEmptyText)
@@ -188,18 +177,12 @@ TEST(NoteParameter, NamesNotesWithSharpsAndOctaveH)
 TEST(NoteParameter, ParsesNamesAndReadsOtherTextAsNormalized)
 {
     NoteParameter p(0, "n");
-    p.setText("C-2", false);
-    EXPECT_EQ(p.getInt(), 24);
-    p.setText("24", false);
-    EXPECT_EQ(p.getInt(), 127);
-    p.setText("A#H", false);
-    EXPECT_EQ(p.getInt(), 127) << "capped at 127";
-    p.setText("E#4", false);
-    EXPECT_EQ(p.getInt(), 52) << "E# is E";
-    p.setText("B#0", false);
-    EXPECT_EQ(p.getInt(), 11);
-    p.setText("c-2", false);
-    EXPECT_EQ(p.getInt(), 0) << "lower case is no note name: 0 as normalized";
+    EXPECT_EQ(after(p, &Parameter::setText, "C-2").getInt(), 24);
+    EXPECT_EQ(after(p, &Parameter::setText, "24").getInt(), 127);
+    EXPECT_EQ(after(p, &Parameter::setText, "A#H").getInt(), 127) << "capped at 127";
+    EXPECT_EQ(after(p, &Parameter::setText, "E#4").getInt(), 52) << "E# is E";
+    EXPECT_EQ(after(p, &Parameter::setText, "B#0").getInt(), 11);
+    EXPECT_EQ(after(p, &Parameter::setText, "c-2").getInt(), 0) << "lower case is no note name: 0 as normalized";
     EXPECT_FALSE(NoteParameter::parseNoteName("C-10").has_value());
     EXPECT_FALSE(NoteParameter::parseNoteName("H-1").has_value());
     EXPECT_FALSE(NoteParameter::parseNoteName("C+1").has_value());
@@ -216,44 +199,32 @@ TEST(BoolFamily, WordsOfEachClass)
 TEST(BoolFamily, SetTextRulesOfEachClass)
 {
     StateParameter state(0, "s");
-    state.setText("ON", false);
-    EXPECT_TRUE(state.getBool());
-    state.setText("oFf", false);
-    EXPECT_FALSE(state.getBool());
+    EXPECT_TRUE(after(state, &Parameter::setText, "ON").getBool());
+    EXPECT_FALSE(after(state, &Parameter::setText, "oFf").getBool());
 
     LogicParameter logic(1, "l", true);
-    logic.setText("TRUE", false);
-    EXPECT_FALSE(logic.getBool()) << "not a word: the number 0";
+    EXPECT_FALSE(after(logic, &Parameter::setText, "TRUE").getBool()) << "not a word: the number 0";
 
     BoolParameter plain(2, "b", true);
-    plain.setText("TRUE", false);
-    EXPECT_FALSE(plain.getBool());
-    plain.setText("yes", false);
-    EXPECT_TRUE(plain.getBool());
-    plain.setText("0.4", false);
-    EXPECT_FALSE(plain.getBool());
-    plain.setText("0.5", false);
-    EXPECT_TRUE(plain.getBool());
+    EXPECT_FALSE(after(plain, &Parameter::setText, "TRUE").getBool());
+    EXPECT_TRUE(after(plain, &Parameter::setText, "yes").getBool());
+    EXPECT_FALSE(after(plain, &Parameter::setText, "0.4").getBool());
+    EXPECT_TRUE(after(plain, &Parameter::setText, "0.5").getBool());
 
     AnswerParameter answer(3, "a");
-    answer.setText("on", false);
-    EXPECT_TRUE(answer.getBool()) << "the generic rule accepts every subclass's words";
+    EXPECT_TRUE(after(answer, &Parameter::setText, "on").getBool())
+        << "the generic rule accepts every subclass's words";
 }
 
 TEST(BoolFamily, NumericFormsTurnOnForAnythingButZero)
 {
     BoolParameter p(0, "b");
-    p.setFloat(-0.1f, false);
-    EXPECT_TRUE(p.getBool());
-    p.setFloat(0.0f, false);
-    EXPECT_FALSE(p.getBool());
-    p.setInt(-4, false);
-    EXPECT_TRUE(p.getBool());
-    p.setNormalized(0.49f, false);
-    EXPECT_FALSE(p.getBool());
+    EXPECT_TRUE(after(p, &Parameter::setFloat, -0.1f).getBool());
+    EXPECT_FALSE(after(p, &Parameter::setFloat, 0.0f).getBool());
+    EXPECT_TRUE(after(p, &Parameter::setInt, -4).getBool());
+    EXPECT_FALSE(after(p, &Parameter::setNormalized, 0.49f).getBool());
     EXPECT_EQ(p.getNormalized(), 0.0f);
-    p.setNormalized(0.5f, false);
-    EXPECT_EQ(p.getFloat(), 1.0f);
+    EXPECT_EQ(after(p, &Parameter::setNormalized, 0.5f).getFloat(), 1.0f);
 }
 
 TEST(StringParameter, NumericFormsReadTheText)
@@ -262,14 +233,10 @@ TEST(StringParameter, NumericFormsReadTheText)
     EXPECT_FLOAT_EQ(p.getFloat(), 1.75f);
     EXPECT_EQ(p.getNormalized(), 1.0f);
     EXPECT_EQ(p.getInt(), 1);
-    p.setText("-3", false);
-    EXPECT_EQ(p.getNormalized(), 0.0f);
-    p.setFloat(0.5f, false);
-    EXPECT_EQ(p.getText(), "0.5");
-    p.setBool(true, false);
-    EXPECT_EQ(p.getText(), "true");
-    p.setInt(12, false);
-    EXPECT_EQ(p.getText(), "12");
+    EXPECT_EQ(after(p, &Parameter::setText, "-3").getNormalized(), 0.0f);
+    EXPECT_EQ(after(p, &Parameter::setFloat, 0.5f).getText(), "0.5");
+    EXPECT_EQ(after(p, &Parameter::setBool, true).getText(), "true");
+    EXPECT_EQ(after(p, &Parameter::setInt, 12).getText(), "12");
 }
 
 TEST(StringParameter, GetBoolIsTrueWhenTheTextsIntegerValueIsZero)

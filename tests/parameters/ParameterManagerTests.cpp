@@ -139,77 +139,29 @@ TEST(PluginResources, FindsEmbeddedFilesByNameAndType)
     EXPECT_TRUE(PluginResources().getText("parameters.xml").isEmpty()) << "no look-up, no resources";
 }
 
-TEST(ProductTable, HasThirtyRowsWithTheirInitialTexts)
+TEST(ProductTable, RowsStandAtTheirIndicesTheHostsOnesFirstAndEveryFloatHasAFormatter)
 {
     VelmarinParameterManager m;
     m.loadFromResource(Velmarin::getResources(), "parameters.xml");
     ASSERT_EQ(m.getNumParameters(), 30);
-    EXPECT_EQ(m.getApplicationName(), "Velmarin");
-
-    const char* names[] = {"Preamp",
-                           "M/S Mode",
-                           "Channels Crossfade",
-                           "Delay Offset L/M",
-                           "Delay Offset R/S",
-                           "Delay Offset Link",
-                           "LFO Rate L/M",
-                           "LFO Rate R/S",
-                           "LFO Note Rate L/M",
-                           "LFO Note Rate R/S",
-                           "LFO Rate Link",
-                           "LFO Depth L/M",
-                           "LFO Depth R/S",
-                           "LFO Depth Link",
-                           "Feedback L/M",
-                           "Feedback R/S",
-                           "Feedback Link",
-                           "LFO Sync",
-                           "LFO Phase Shift",
-                           "LFO Voltage Curve",
-                           "BBD Length",
-                           "BBD Frequency Range",
-                           "Low Cut",
-                           "Gain L/M",
-                           "Gain R/S",
-                           "Mistress Auto Mix Mode",
-                           "FX Amount",
-                           "Output Volume",
-                           "Current BBD Frequency",
-                           "Processing Quality"};
-    const char* texts[] = {"0",   "Off",   "0",        "0",  "0",   "On",  "0.216", "0.216", "1/4", "1/4",
-                           "On",  "0.332", "0.332",    "On", "0.5", "0.5", "On",    "Off",   "0",   "Mistress",
-                           "256", "0.6",   "Mistress", "1",  "1",   "On",  "0.5",   "0.5",   "",    "Normal"};
     for (int i = 0; i < 30; ++i)
     {
         auto* p = m.getParameters()[i];
         EXPECT_EQ(p->getIndex(), i);
-        EXPECT_EQ(p->getName(), names[i]);
-        EXPECT_EQ(p->getText(), texts[i]) << names[i];
-        EXPECT_EQ(p->isAutomatable(), i < 28) << names[i];
-        EXPECT_FALSE(p->isMeta());
-        const bool formatted = dynamic_cast<FloatParameter*>(p) != nullptr;
-        EXPECT_EQ(p->getFormatter() != nullptr, formatted) << names[i];
+        EXPECT_EQ(p->isAutomatable(), i < 28) << p->getName();
+        EXPECT_EQ(p->getFormatter() != nullptr, dynamic_cast<FloatParameter*>(p) != nullptr) << p->getName();
     }
-}
 
-TEST(ProductTable, PluginAddsInternalParametersInOrderWithQualityClones)
-{
     Velmarin plugin;
     const auto& all = plugin.getParameterManager().getParameters();
     ASSERT_EQ(all.size(), 35);
     const int order[] = {100000, 100001, 100003, 100002, 100004};
     for (int i = 0; i < 5; ++i)
         EXPECT_EQ(all[30 + i]->getIndex(), order[i]);
-    EXPECT_EQ(all[30]->getText(), "Init");
     for (int i = 31; i < 35; ++i)
-    {
-        auto* e = dynamic_cast<EnumParameter*>(all[i]);
-        ASSERT_NE(e, nullptr);
-        EXPECT_EQ(e->getItemsText(), "Draft;Normal;High;Ultra");
-        EXPECT_EQ(e->getText(), "Normal");
-    }
-    EXPECT_EQ(all[31]->getName(), "Real-time Processing Quality");
-    EXPECT_EQ(all[32]->getName(), "Offline Processing Quality");
+        EXPECT_EQ(dynamic_cast<EnumParameter*>(all[i])->getItemsText(),
+                  dynamic_cast<EnumParameter*>(all[29])->getItemsText())
+            << "the qualities are clones of Processing Quality";
     EXPECT_EQ(plugin.getQualityParameter(), plugin.getParameterManager().getParameter(29));
 }
 
@@ -217,11 +169,7 @@ TEST(EventsMap, BuiltInEventsAndTheirRules)
 {
     EventsMap events;
     events.addBuiltInEvents();
-    EXPECT_EQ(events.size(), 13);
     EXPECT_EQ(events.getName(1000), "Options");
-    EXPECT_EQ(events.getName(1006), "Save preset as");
-    EXPECT_EQ(events.getName(1012), "Restore Current Preset");
-    EXPECT_EQ(events.getDisplayName(1010), "Toggle midi learn");
     EXPECT_EQ(events.getName(999), "");
     EXPECT_FALSE(events.add(2000, "Options"));
     EXPECT_EQ(events.getUid("Options"), 1000);

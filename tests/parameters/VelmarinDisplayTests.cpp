@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+#include <vector>
+
 namespace
 {
 class VelmarinDisplay : public ::testing::Test
@@ -23,58 +26,33 @@ protected:
 };
 } // namespace
 
-TEST_F(VelmarinDisplay, UnitsRoundingsAndSpellings)
+TEST_F(VelmarinDisplay, UnitsRoundingsAndSpellingsAtTheEdges)
 {
-    EXPECT_EQ(at(0, 0.5f), "+12.0dB");
-    EXPECT_EQ(at(0, 0.0f), "0.0dB");
-    EXPECT_EQ(at(2, 0.25f), "75/25%");
-    EXPECT_EQ(at(2, 0.999f), "0/100%") << "the product's percentage rounds";
-    EXPECT_EQ(at(3, 0.126f), "13%");
-    EXPECT_EQ(at(6, 0.0f), "0.025Hz");
-    EXPECT_EQ(at(6, 0.216f), "0.123Hz");
-    EXPECT_EQ(at(6, 1.0f), "40Hz");
-    EXPECT_EQ(at(11, 0.332f), "33%");
-    EXPECT_EQ(at(14, 0.5f), "0%");
-    EXPECT_EQ(at(14, 1.0f), "+100%");
-    EXPECT_EQ(at(14, 0.0f), "-100%");
-    EXPECT_EQ(at(14, 0.75f), "+50%");
-    EXPECT_EQ(at(18, 1.0f), "180 deg");
-    EXPECT_EQ(at(18, 0.5f), "90 deg");
-    EXPECT_EQ(at(21, 0.6f), "x 4");
-    EXPECT_EQ(at(21, 0.25f), "x 2.25");
-    EXPECT_EQ(at(27, 0.5f), "0.0dB");
-    EXPECT_EQ(at(27, 1.0f), "+12.0dB");
-    EXPECT_EQ(at(27, 0.0f), "-Inf.");
-    EXPECT_EQ(at(27, 0.25f), "-12.0dB");
+    const std::vector<std::tuple<int, float, const char*>> cases = {
+        {0, 0.0f, "0.0dB"},  {0, 0.5f, "+12.0dB"},   {2, 0.25f, "75/25%"},  {2, 0.999f, "0/100%"},
+        {3, 0.126f, "13%"},  {6, 0.0f, "0.025Hz"},   {6, 1.0f, "40Hz"},     {14, 0.0f, "-100%"},
+        {14, 0.5f, "0%"},    {14, 0.75f, "+50%"},    {18, 1.0f, "180 deg"}, {21, 0.25f, "x 2.25"},
+        {27, 0.0f, "-Inf."}, {27, 0.25f, "-12.0dB"}, {27, 0.5f, "0.0dB"}};
+    for (const auto& [index, normalized, text] : cases)
+        EXPECT_EQ(at(index, normalized), text) << index << " at " << normalized;
+    EXPECT_EQ(m.getParameter(20)->getDisplayText(), m.getParameter(20)->getText()) << "no formatter: the text";
 }
 
-TEST_F(VelmarinDisplay, LinksAndAutoMixShowInactive)
+TEST_F(VelmarinDisplay, LinksAndAutoMixShowInactiveOnTheSidesTheyOverrule)
 {
+    const std::vector<std::pair<int, std::vector<int>>> masters = {
+        {5, {4}}, {10, {7}}, {13, {12}}, {16, {15}}, {25, {23, 24, 26}}};
+    for (const auto& [master, overruled] : masters)
+    {
+        for (const bool on : {true, false})
+        {
+            setBool(master, on);
+            for (int index : overruled)
+                EXPECT_EQ(at(index, 0.5f) == "Inactive", on) << master << " " << on << " " << index;
+        }
+    }
     setBool(5, true);
-    EXPECT_EQ(at(4, 0.5f), "Inactive");
     EXPECT_EQ(at(3, 0.5f), "50%") << "the L/M side is never inactive";
-    setBool(5, false);
-    EXPECT_EQ(at(4, 0.5f), "50%");
-
-    setBool(10, true);
-    EXPECT_EQ(at(7, 0.5f), "Inactive");
-    setBool(13, true);
-    EXPECT_EQ(at(12, 0.5f), "Inactive");
-    setBool(16, true);
-    EXPECT_EQ(at(15, 0.5f), "Inactive");
-    EXPECT_EQ(at(14, 0.5f), "0%");
-
-    setBool(25, true);
-    EXPECT_EQ(at(23, 0.5f), "Inactive");
-    EXPECT_EQ(at(24, 0.5f), "Inactive");
-    EXPECT_EQ(at(26, 0.5f), "Inactive");
     setBool(25, false);
-    EXPECT_EQ(at(23, 0.5f), "50%");
     EXPECT_EQ(at(26, 0.5f), "50/50% (Dry/Wet)");
-}
-
-TEST_F(VelmarinDisplay, ParametersWithoutARowShowTheirText)
-{
-    EXPECT_EQ(m.getParameter(20)->getDisplayText(), m.getParameter(20)->getText());
-    EXPECT_EQ(m.getParameter(19)->getDisplayText(), "Mistress");
 }

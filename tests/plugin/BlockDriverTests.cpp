@@ -129,21 +129,6 @@ public:
 };
 } // namespace
 
-TEST_F(BlockDriver, BlockWithoutMidiIsOneRunInPlace)
-{
-    juce::AudioBuffer<float> buffer(2, 300);
-    juce::MidiBuffer midi;
-    process(buffer, midi);
-    ASSERT_EQ(effect.runs.size(), 1u);
-    const auto& run = effect.runs[0];
-    EXPECT_TRUE(run.stereo);
-    EXPECT_EQ(run.numSamples, 300);
-    EXPECT_EQ(run.inLeft, buffer.getReadPointer(0));
-    EXPECT_EQ(run.inRight, buffer.getReadPointer(1));
-    EXPECT_EQ(run.outLeft, buffer.getWritePointer(0));
-    EXPECT_EQ(run.outRight, buffer.getWritePointer(1));
-}
-
 TEST_F(BlockDriver, ZeroSampleBlockRunsNothingButKeepsTransportAndQueuedMidi)
 {
     FixedPlayHead head;
@@ -188,38 +173,52 @@ TEST_F(BlockDriver, MonoLayoutRunsTheMonoPath)
     EXPECT_EQ(effect.runs[0].outLeft, buffer.getWritePointer(0));
 }
 
-TEST_F(BlockDriver, TwoControllersAtOnePositionSplitOnce)
+TEST_F(BlockDriver, RunsAreInPlaceAndMidiSplitsThemOnceAtEachPositionWithoutEmptyRuns)
 {
-    juce::AudioBuffer<float> buffer(2, 100);
-    juce::MidiBuffer midi;
-    addController(midi, 40, 1);
-    addController(midi, 40, 2);
-    process(buffer, midi);
-    EXPECT_EQ(runLengths(), (std::vector<int>{40, 60}));
-    ASSERT_EQ(effect.controllers.size(), 2u);
-    EXPECT_EQ(effect.controllers[0].controller, 1);
-    EXPECT_EQ(effect.controllers[1].controller, 2);
-    EXPECT_EQ(effect.controllers[1].runsBefore, 1);
-    EXPECT_EQ(effect.runs[1].inLeft, buffer.getReadPointer(0) + 40);
-}
-
-TEST_F(BlockDriver, ControllerAtLastSampleLeavesARunOfOne)
-{
-    juce::AudioBuffer<float> buffer(2, 100);
-    juce::MidiBuffer midi;
-    addController(midi, 99, 3);
-    process(buffer, midi);
-    EXPECT_EQ(runLengths(), (std::vector<int>{99, 1}));
-}
-
-TEST_F(BlockDriver, ControllerAtZeroMakesNoEmptyRun)
-{
-    juce::AudioBuffer<float> buffer(2, 50);
-    juce::MidiBuffer midi;
-    addController(midi, 0, 3);
-    process(buffer, midi);
-    EXPECT_EQ(runLengths(), (std::vector<int>{50}));
-    EXPECT_EQ(effect.controllers.size(), 1u);
+    struct Case
+    {
+        const char* what;
+        int length;
+        std::vector<std::pair<int, int>> controllers; // position, number
+        bool noteOnAt8;
+        std::vector<int> runs;
+    };
+    const std::vector<Case> cases = {
+        {"no MIDI", 300, {}, false, {300}},
+        {"two at one position", 100, {{40, 1}, {40, 2}}, false, {40, 60}},
+        {"at the last sample", 100, {{99, 3}}, false, {99, 1}},
+        {"at zero", 50, {{0, 3}}, false, {50}},
+        {"a note is dropped but splits", 20, {}, true, {8, 12}},
+    };
+    for (const auto& c : cases)
+    {
+        effect.runs.clear();
+        effect.controllers.clear();
+        juce::AudioBuffer<float> buffer(2, c.length);
+        juce::MidiBuffer midi;
+        for (auto [position, number] : c.controllers)
+            addController(midi, position, number);
+        if (c.noteOnAt8)
+            midi.addEvent(juce::MidiMessage::noteOn(1, 60, 0.5f), 8);
+        process(buffer, midi);
+        EXPECT_EQ(runLengths(), c.runs) << c.what;
+        std::vector<int> starts; // where each run starts in the block
+        for (const auto& run : effect.runs)
+        {
+            starts.push_back(static_cast<int>(run.inLeft - buffer.getReadPointer(0)));
+            EXPECT_TRUE(run.stereo);
+            EXPECT_EQ(run.outLeft, buffer.getWritePointer(0) + starts.back()) << c.what;
+            EXPECT_EQ(run.inRight, buffer.getReadPointer(1) + starts.back()) << c.what;
+            EXPECT_EQ(run.outRight, buffer.getWritePointer(1) + starts.back()) << c.what;
+        }
+        ASSERT_EQ(effect.controllers.size(), c.controllers.size()) << c.what;
+        for (size_t i = 0; i < c.controllers.size(); ++i)
+        {
+            EXPECT_EQ(effect.controllers[i].controller, c.controllers[i].second) << c.what;
+            const auto runsBefore = static_cast<size_t>(effect.controllers[i].runsBefore);
+            EXPECT_EQ(runsBefore < starts.size() ? starts[runsBefore] : c.length, c.controllers[i].first) << c.what;
+        }
+    }
 }
 
 TEST_F(BlockDriver, NegativePositionsAreDroppedAndLateOnesWaitForTheNextBlock)

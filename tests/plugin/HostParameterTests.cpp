@@ -1,4 +1,5 @@
 // The 28 parameters the host sees, and how values travel between host and plug-in.
+#include "TestSupport.h"
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
@@ -55,12 +56,8 @@ TEST_F(HostParameters, HostIndexIIsParameterIWithItsNameDefaultAndFlags)
         ASSERT_NE(withId, nullptr);
         EXPECT_EQ(withId->paramID, "hostParam" + juce::String(h + 1));
     }
-    EXPECT_EQ(plugin.getParameterName(27), "Output Volume");
     EXPECT_EQ(plugin.getParameterName(28), "");
-    EXPECT_EQ(hostParameter(0).getDefaultValue(), 0.0f);
-    EXPECT_EQ(hostParameter(27).getDefaultValue(), 0.5f);
-    EXPECT_EQ(hostParameter(0).getName(3), "Pre");
-    EXPECT_EQ(hostParameter(20).getNumSteps(), 6);
+    EXPECT_EQ(hostParameter(20).getNumSteps(), 6) << "a choice has a step per item";
     EXPECT_TRUE(hostParameter(1).isBoolean());
     EXPECT_FALSE(hostParameter(0).isDiscrete());
 }
@@ -95,11 +92,8 @@ TEST_F(HostParameters, TextsOfOtherValuesLeaveTheLiveParameterAlone)
 {
     const float before = parameter(19).getNormalized();
     EXPECT_EQ(hostParameter(19).getText(1.0f, 100), "Concave");
-    EXPECT_EQ(hostParameter(19).getText(0.5f, 100), "Linear");
-    EXPECT_EQ(hostParameter(2).getText(0.25f, 100), "75/25%");
     EXPECT_EQ(hostParameter(27).getText(1.0f, 100), "+12.0dB");
     EXPECT_EQ(hostParameter(26).getText(0.25f, 100), "Inactive") << "the auto mix mode has taken over";
-    EXPECT_EQ(hostParameter(5).getText(0.0f, 100), "Off");
     EXPECT_EQ(hostParameter(19).getCurrentValueAsText(), "Mistress");
     EXPECT_FLOAT_EQ(hostParameter(19).getValueForText("Concave"), 1.0f);
     EXPECT_EQ(parameter(19).getNormalized(), before);
@@ -109,19 +103,11 @@ TEST_F(HostParameters, TextsOfOtherValuesLeaveTheLiveParameterAlone)
 TEST_F(HostParameters, TypedTextsAreReadAsTheDisplayShowsThem)
 {
     const auto read = [this](int h, const char* text) { return hostParameter(h).getValueForText(text); };
-    // Preamp shows 0..+24 dB; Output Volume a level with minus infinity at 0.
-    EXPECT_EQ(hostParameter(0).getText(read(0, "+6.0dB"), 100), "+6.0dB");
+    // Display texts read back (every one, below); here what people type instead.
     EXPECT_EQ(hostParameter(0).getText(read(0, "6 dB"), 100), "+6.0dB");
     EXPECT_EQ(hostParameter(0).getText(read(0, "6"), 100), "+6.0dB");
     EXPECT_EQ(hostParameter(0).getText(read(0, "99 dB"), 100), "+24.0dB") << "beyond the range: the nearest end";
-    EXPECT_EQ(hostParameter(27).getText(read(27, "-6.0dB"), 100), "-6.0dB");
     EXPECT_EQ(read(27, "-inf"), 0.0f);
-    EXPECT_EQ(hostParameter(11).getText(read(11, "50%"), 100), "50%");
-    EXPECT_EQ(hostParameter(6).getText(read(6, "0.123Hz"), 100), "0.123Hz");
-    EXPECT_EQ(hostParameter(14).getText(read(14, "-100%"), 100), "-100%");
-    EXPECT_EQ(hostParameter(2).getText(read(2, "75/25%"), 100), "75/25%")
-        << "a display number that falls with the value";
-    EXPECT_EQ(read(20, "512"), 1.0f);
     EXPECT_EQ(read(17, "dotted"), 2.0f / 3.0f) << "items ignore case";
     EXPECT_EQ(read(5, "Off"), 0.0f);
     EXPECT_EQ(read(5, "ON"), 1.0f);
@@ -217,9 +203,8 @@ TEST_F(HostParameters, MapDocumentsMoveParametersAndFollowTheFailureRules)
 
 TEST(HostParameterMapSettings, TheSettingsMapFileReplacesTheDefaultMapAtStartUp)
 {
-    const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory)
-                          .getNonexistentChildFile("host-settings-" + juce::Uuid().toDashedString(), {}, false);
-    user.createDirectory();
+    const testsupport::TemporaryFolder temp("host-settings");
+    const auto& user = temp.folder;
     const auto mapFile = user.getChildFile("mine.vmhpmap");
     ASSERT_TRUE(mapFile.replaceWithText(
         R"(<HostParametersMap name="Velmarin"><assign hostParam="28" pluginParam="Preamp"/></HostParametersMap>)"));
@@ -241,5 +226,4 @@ TEST(HostParameterMapSettings, TheSettingsMapFileReplacesTheDefaultMapAtStartUp)
         EXPECT_EQ(lv2.getParameters()[27]->getName(100), "Output Volume");
     }
     juce::AudioProcessor::setTypeOfNextNewPlugin(juce::AudioProcessor::wrapperType_Undefined);
-    user.deleteRecursively();
 }

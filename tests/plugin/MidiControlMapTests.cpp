@@ -1,5 +1,6 @@
 // MIDI controllers driving parameters: the learn cycle as the audio thread runs it, the map
 // document with its refusal rules, and the map travelling in the state chunk and the settings.
+#include "TestSupport.h"
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
@@ -90,8 +91,9 @@ TEST_F(MidiMap, DocumentsOfOtherProductsOrWithBadAssignmentsAreRefusedPieceByPie
     EXPECT_EQ(map.getController(parameter("BBD Length")), 0) << "a missing CC is 0";
     EXPECT_EQ(map.getParameter(7), nullptr) << "reading starts from an empty table";
 
-    const auto file = juce::File::getSpecialLocation(juce::File::tempDirectory)
-                          .getNonexistentChildFile("map-" + juce::Uuid().toDashedString(), ".vmccmap", false);
+    const testsupport::TemporaryFolder temp("map");
+    const auto& folder = temp.folder;
+    const auto file = folder.getChildFile("Mine.vmccmap");
     ASSERT_TRUE(map.saveToFile(file));
     const auto written = juce::parseXML(file);
     EXPECT_EQ(written->getStringAttribute("name"), "Velmarin");
@@ -101,7 +103,6 @@ TEST_F(MidiMap, DocumentsOfOtherProductsOrWithBadAssignmentsAreRefusedPieceByPie
     ASSERT_TRUE(map.loadFromFile(file));
     EXPECT_EQ(map.getController(preamp), 2);
     EXPECT_FALSE(map.loadFromFile(file.getSiblingFile("missing.vmccmap")));
-    file.deleteFile();
 
     EXPECT_TRUE(read(R"(<MidiControlMap name="Velmarin"/>)"));
     EXPECT_EQ(map.getController(preamp), -1) << "a map without assignments clears";
@@ -129,9 +130,8 @@ TEST_F(MidiMap, TheMapTravelsInTheStateChunk)
 
 TEST(MidiMapSettings, TheDefaultMapOfTheSettingsLoadsAtStartUp)
 {
-    const auto user = juce::File::getSpecialLocation(juce::File::tempDirectory)
-                          .getNonexistentChildFile("midi-settings-" + juce::Uuid().toDashedString(), {}, false);
-    user.createDirectory();
+    const testsupport::TemporaryFolder temp("midi-settings");
+    const auto& user = temp.folder;
     const auto mapFile = user.getChildFile("live.vmccmap");
     ASSERT_TRUE(mapFile.replaceWithText(
         R"(<MidiControlMap name="Velmarin"><assign CC="21" param="LFO Rate L/M"/></MidiControlMap>)"));
@@ -146,5 +146,4 @@ TEST(MidiMapSettings, TheDefaultMapOfTheSettingsLoadsAtStartUp)
         EXPECT_EQ(p.getPlugin().getMidiMap().getParameter(21) != nullptr, expectLoaded) << flag;
         EXPECT_EQ(p.getPlugin().getMidiMapFile(), mapFile) << "the file is remembered either way";
     }
-    user.deleteRecursively();
 }

@@ -1,5 +1,6 @@
 // The folder rule and the per-user settings file: written at teardown, read at start-up, foreign
 // or broken files ignored and replaced, the default qualities carried to new instances.
+#include "TestSupport.h"
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/FolderRule.h"
@@ -12,9 +13,6 @@ namespace
 class UserSettingsFile : public ::testing::Test
 {
 protected:
-    UserSettingsFile() { user.createDirectory(); }
-    ~UserSettingsFile() override { user.deleteRecursively(); }
-
     FolderRule folders() const { return FolderRule::fixed(user, data); }
 
     juce::File settingsFile() const { return user.getChildFile("Velmarin.ini"); }
@@ -23,8 +21,8 @@ protected:
         return p.getPlugin().getParameterManager().getText(index);
     }
 
-    juce::File user = juce::File::getSpecialLocation(juce::File::tempDirectory)
-                          .getNonexistentChildFile("settings-" + juce::Uuid().toDashedString(), {}, false);
+    testsupport::TemporaryFolder temp{"settings-"};
+    const juce::File& user = temp.folder;
     juce::File data = user.getChildFile("shared");
 };
 } // namespace
@@ -114,8 +112,8 @@ TEST_F(UserSettingsFile, ForeignOrBrokenFilesAreIgnoredAndReplaced)
 
 TEST(FolderRuleTest, DevelopmentBuildsUseFoldersBesideThePluginWhenTheyExist)
 {
-    const auto dir = juce::File::getSpecialLocation(juce::File::tempDirectory)
-                         .getNonexistentChildFile("rule-" + juce::Uuid().toDashedString(), {}, false);
+    const testsupport::TemporaryFolder temp("rule");
+    const auto& dir = temp.folder;
     const auto pluginFile = dir.getChildFile("Probe.so");
     dir.getChildFile("Probe_user").createDirectory();
 
@@ -130,7 +128,6 @@ TEST(FolderRuleTest, DevelopmentBuildsUseFoldersBesideThePluginWhenTheyExist)
     const auto given = FolderRule::fixed(chosen, {});
     EXPECT_EQ(given.userDirectory("Probe", pluginFile, "dev"), chosen);
     EXPECT_EQ(given.dataDirectory("Probe", pluginFile, "dev"), rule.dataDirectory("Probe", pluginFile, "dev"));
-    dir.deleteRecursively();
 }
 
 // The scripts that run the real binaries (pluginval, the LV2 description step) give them private
