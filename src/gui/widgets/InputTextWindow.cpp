@@ -9,6 +9,8 @@ InputTextWindow::InputTextWindow(Caller* c, const juce::String& title, const juc
     editor.setText(text, false);
     editor.setMultiLine(false);
     editor.setSelectAllWhenFocused(true);
+    editor.setIndents(6, 0);
+    editor.setJustification(juce::Justification::centredLeft);
     editor.addListener(this);
     addAndMakeVisible(editor);
     addButton(ok, false, true);

@@ -32,9 +32,19 @@ void PathComponent::paint(juce::Graphics& g)
     g.setColour(findColour(juce::TextEditor::outlineColourId).withMultipliedAlpha(alpha));
     g.drawRoundedRectangle(area.toFloat().reduced(0.5f), 3.0f, 1.0f);
     g.setColour(findColour(juce::TextEditor::textColourId).withMultipliedAlpha(path.isEmpty() ? 0.5f * alpha : alpha));
-    g.setFont(juce::Font(juce::jmin(14.0f, float(getHeight()) * 0.6f)));
+    const juce::Font font(juce::jmin(14.0f, float(getHeight()) * 0.6f));
+    g.setFont(font);
     // A long path shows its end: the file's name matters more than the folders above it.
-    g.drawText(getShownText(), area.reduced(6, 0), juce::Justification::centredLeft, true);
+    const auto textArea = area.reduced(6, 0);
+    auto text = getShownText();
+    if (font.getStringWidthFloat(text) > float(textArea.getWidth()))
+    {
+        while (text.isNotEmpty() &&
+               font.getStringWidthFloat(juce::String::charToString(0x2026) + text) > float(textArea.getWidth()))
+            text = text.substring(1);
+        text = juce::String::charToString(0x2026) + text;
+    }
+    g.drawText(text, textArea, juce::Justification::centredLeft, false);
 }
 
 void PathComponent::resized()
