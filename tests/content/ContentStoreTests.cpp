@@ -1,7 +1,7 @@
 // The user's preset folder and signed packages as stores: create, rename, delete, import, tags,
 // loading into the plug-in, and packages refused for every kind of damage.
-#include "TestSupport.h"
 #include "TestPackageKey.h"
+#include "TestSupport.h"
 #include "content/PackageBuilder.h"
 #include "content/PackageKey.h"
 #include "content/PresetsContent.h"
