@@ -223,6 +223,7 @@ public:
     juce::String getMidiMapFileExtension() const { return "." + getCodeLetters().toLowerCase() + "ccmap"; }
 
     ParameterManager& getParameterManager() noexcept { return *parameters; }
+    const ParameterManager& getParameterManager() const noexcept { return *parameters; }
     const SampleRateContext& getSampleRateContext() const noexcept { return sampleRateContext; }
     const EventsMap& getEvents() const noexcept { return events; }
     const PresetSlot& getPresetSlot(int slot) const { return presetSlots.getSlot(slot); }

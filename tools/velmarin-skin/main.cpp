@@ -2,6 +2,8 @@
 //
 //   velmarin-skin pack DIR OUT.q41skin   package the files of DIR as the skin named OUT's base name
 //   velmarin-skin lint FILE...           one line per problem of each package; "FILE: ok" for none
+//                                        (links and actions checked against Velmarin's parameters
+//                                        and events)
 //
 // Exit status: 0 when all went well, 1 when lint found a problem or a pack failed, 2 for a wrong
 // command line. Every error is one line on standard error.
@@ -9,6 +11,8 @@
 #include "gui/skin/SkinPackage.h"
 #include "gui/skin/SkinPacker.h"
 #include "io/SafeFile.h"
+#include "plugin/BasePlugin.h"
+#include "product/VelmarinProcessor.h"
 
 #include <cstdio>
 
@@ -26,6 +30,8 @@ juce::File argumentFile(const juce::String& argument)
 {
     return juce::File::getCurrentWorkingDirectory().getChildFile(argument);
 }
+
+int lintWith(const juce::StringArray& files, const BasePlugin* plugin);
 
 int pack(const juce::String& folderArgument, const juce::String& outArgument)
 {
@@ -45,10 +51,25 @@ int pack(const juce::String& folderArgument, const juce::String& outArgument)
 
 int lint(const juce::StringArray& files)
 {
+    // A Velmarin instance in folders of its own, for its parameter and event definitions only.
+    const auto folder = juce::File::getSpecialLocation(juce::File::tempDirectory)
+                            .getNonexistentChildFile("velmarin-skin-" + juce::Uuid().toDashedString(), {}, false);
+    int status = 0;
+    {
+        const juce::ScopedJuceInitialiser_GUI juce;
+        VelmarinProcessor velmarin(FolderRule::fixed(folder.getChildFile("user"), folder.getChildFile("data")));
+        status = lintWith(files, &velmarin.getPlugin());
+    }
+    folder.deleteRecursively();
+    return status;
+}
+
+int lintWith(const juce::StringArray& files, const BasePlugin* plugin)
+{
     int status = 0;
     for (const auto& argument : files)
     {
-        const auto problems = SkinLint::check(argumentFile(argument));
+        const auto problems = SkinLint::check(argumentFile(argument), plugin);
         for (const auto& problem : problems)
             std::printf("%s: %s\n", argument.toRawUTF8(), problem.toRawUTF8());
         if (problems.isEmpty())

@@ -1,5 +1,27 @@
 #include "BaseGFXController.h"
 
+#include "SkinContext.h"
+#include "SkinXml.h"
+
+void BaseGFXController::load(const juce::XmlElement& element, SkinContext& skin)
+{
+    GUIController::load(element, skin);
+    frames = 1;
+    if (auto* gfx = SkinXml::child(element, "gfx"))
+        setFilmstrip(skin.getImage(gfx->getStringAttribute("resource")), SkinXml::integer(*gfx, "framesNum", 1));
+    if (auto* size = SkinXml::child(element, "size"); size != nullptr && ! image.isValid())
+        setFrameSize(SkinXml::integer(*size, "width", 0), SkinXml::integer(*size, "height", 0));
+    if (auto* pos = SkinXml::child(element, "pos"))
+        setPosition(SkinXml::integer(*pos, "left", 0), SkinXml::integer(*pos, "top", 0));
+}
+
+int BaseGFXController::frameOf(double value, int count)
+{
+    if (count <= 1 || ! (value > 0.0))
+        return 0;
+    return juce::jmin(count - 1, int(std::floor(juce::jmin(1.0, value) * double(count - 1) + 0.5)));
+}
+
 void BaseGFXController::drawFrame(juce::Graphics& g, int frame) const
 {
     if (! image.isValid() || width <= 0 || height <= 0)
@@ -10,11 +32,12 @@ void BaseGFXController::drawFrame(juce::Graphics& g, int frame) const
 
 void BaseGFXController::setFilmstrip(const juce::Image& strip, int frameCount)
 {
-    frames = frameCount;
+    // A skin that says 0 frames (or fewer) means one: no division by a number a skin sets fails.
+    frames = juce::jmax(1, frameCount);
     if (! strip.isValid())
         return;
     image = strip;
-    setFrameSize(strip.getWidth(), strip.getHeight() / juce::jmax(1, frameCount));
+    setFrameSize(strip.getWidth(), strip.getHeight() / frames);
 }
 
 void BaseGFXController::setFrameSize(int newWidth, int newHeight)

@@ -12,6 +12,14 @@ public:
     /** Called when `left` or `top` took a new value. */
     virtual void positionChanged() {}
 
+    /** The controller's words, then the filmstrip (`gfx`: `resource`, `framesNum`), the size (`size`,
+        used only without an image: the image decides) and the position (`pos`). A frame count
+        below 1 counts as 1. */
+    void load(const juce::XmlElement& element, SkinContext& skin) override;
+
+    /** The frame of a value 0..1 in a strip of `count` frames: floor(v x (count - 1) + 0.5). */
+    static int frameOf(double value, int count);
+
     /** The area of frame `frame` inside the image (0, frame x height, width, height). */
     juce::Rectangle<int> getFrameArea(int frame) const { return {0, frame * height, width, height}; }
     /** Draws a frame, held to the filmstrip's range, at the origin at its own size. Nothing without

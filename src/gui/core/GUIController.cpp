@@ -1,5 +1,9 @@
 #include "GUIController.h"
 
+#include "SkinContext.h"
+#include "SkinXml.h"
+#include "plugin/BasePlugin.h"
+
 GUIController::~GUIController()
 {
     if (parameter != nullptr)
@@ -15,6 +19,31 @@ void GUIController::parameterChanged(Parameter& p)
 Parameter* GUIController::getParameterAt(const juce::MouseEvent&, juce::Component**)
 {
     return parameter;
+}
+
+void GUIController::load(const juce::XmlElement& element, SkinContext& skin)
+{
+    paramReset = SkinXml::boolean(element, "paramReset", true);
+    auto* plugin = skin.getPlugin();
+    if (plugin == nullptr)
+        return;
+
+    if (auto* links = SkinXml::child(element, "links"))
+        for (auto* link : SkinXml::children(*links, "link"))
+        {
+            auto* found = plugin->getParameterManager().getParameter(link->getStringAttribute("param"));
+            if (found != nullptr && link->getStringAttribute("as") == "connectedTo")
+                connectParameter(found);
+        }
+
+    if (auto* actions = SkinXml::child(element, "actions"))
+        for (auto* action : SkinXml::children(*actions, "action"))
+        {
+            const auto type = action->getStringAttribute("type");
+            const int eventId = plugin->getEvents().getUid(action->getStringAttribute("event"));
+            if (type.isNotEmpty() && eventId >= 0)
+                bindAction(type, eventId, plugin->getEvents().getName(eventId));
+        }
 }
 
 void GUIController::bindAction(const juce::String&, int, const juce::String&) {}

@@ -52,6 +52,10 @@ public:
     virtual void bindAction(const juce::String& type, int eventId, const juce::String& eventName);
     /** Sets the control's visual value from the parameter, with no notification of its own. */
     virtual void updateFromParameter(Parameter& parameter);
+    /** Reads the control's own words: `paramReset`, the parameter `links` (the last "connectedTo"
+        link naming a parameter of the plug-in wins) and the `actions` (each naming an event of the
+        plug-in, exactly). Unknown names bind nothing. */
+    virtual void load(const juce::XmlElement& element, SkinContext& skin);
     /** Appends a listener (a null is ignored; doubles are not checked). */
     virtual void addListener(Listener* listener);
     void removeListener(Listener* listener);

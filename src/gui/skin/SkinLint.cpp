@@ -1,8 +1,10 @@
 #include "SkinLint.h"
 
+#include "ControlWords.h"
 #include "SkinImage.h"
 #include "SkinPackage.h"
 #include "io/XmlInput.h"
+#include "plugin/BasePlugin.h"
 
 #include <set>
 
@@ -37,7 +39,7 @@ std::optional<int> declaredFrames(const juce::XmlElement& element)
     return std::nullopt;
 }
 
-juce::StringArray checkPackage(SkinPackage& package, const juce::String& skinName)
+juce::StringArray checkPackage(SkinPackage& package, const juce::String& skinName, const BasePlugin* plugin)
 {
     package.open();
     if (package.getOpenResult() != SkinPackage::OpenResult::open)
@@ -82,15 +84,40 @@ juce::StringArray checkPackage(SkinPackage& package, const juce::String& skinNam
         {
             if (*frames <= 0)
                 problems.add("<" + element.getTagName() + " " + attribute + "=\"" + fileName +
-                             "\">: " + juce::String(*frames) + " frames");
+                             "\">: " + juce::String(*frames) + " frames (read as 1)");
             else if (image.getHeight() % *frames != 0)
                 problems.add(fileName + ": height " + juce::String(image.getHeight()) + " is not divided by " +
                              juce::String(*frames) + " frames");
         }
     };
 
+    const auto checkBindings = [&](const juce::XmlElement& element)
+    {
+        if (element.getTagName().equalsIgnoreCase("link"))
+        {
+            const auto name = element.getStringAttribute("param");
+            if (element.getStringAttribute("as") != "connectedTo")
+                problems.add("<link param=\"" + name + "\">: as=\"" + element.getStringAttribute("as") +
+                             "\" binds nothing (only \"connectedTo\" does)");
+            else if (plugin != nullptr && plugin->getParameterManager().getParameter(name) == nullptr)
+                problems.add("<link param=\"" + name + "\">: the plug-in has no parameter of that name");
+        }
+        else if (element.getTagName().equalsIgnoreCase("action") && plugin != nullptr &&
+                 plugin->getEvents().getUid(element.getStringAttribute("event")) < 0)
+        {
+            problems.add("<action event=\"" + element.getStringAttribute("event") +
+                         "\">: the plug-in has no event of that name");
+        }
+    };
+
     const std::function<void(const juce::XmlElement&)> walk = [&](const juce::XmlElement& element)
     {
+        checkBindings(element);
+        if (element.getTagName().equalsIgnoreCase("controls"))
+            for (auto* control = element.getFirstChildElement(); control != nullptr;
+                 control = control->getNextElement())
+                if (! ControlWords::isKnown(control->getTagName()))
+                    problems.add("<" + control->getTagName() + ">: not a control the panel builder knows; skipped");
         for (int i = 0; i < element.getNumAttributes(); ++i)
             if (imageAttributes.count(element.getAttributeName(i)) != 0)
                 checkImage(element, element.getAttributeName(i));
@@ -113,7 +140,7 @@ juce::StringArray checkPackage(SkinPackage& package, const juce::String& skinNam
 
 namespace SkinLint
 {
-juce::StringArray check(const juce::File& packageFile)
+juce::StringArray check(const juce::File& packageFile, const BasePlugin* plugin)
 {
     const auto skinName = packageFile.getFileNameWithoutExtension();
     if (! packageFile.existsAsFile())
@@ -122,12 +149,12 @@ juce::StringArray check(const juce::File& packageFile)
     if (packageFile.getFileExtension() != SkinPackage::fileExtension)
         return {juce::String("not a ") + SkinPackage::fileExtension + " file"};
     SkinPackage package(nullptr, SkinPackage::packageFile, skinName, packageFile.getParentDirectory());
-    return checkPackage(package, skinName);
+    return checkPackage(package, skinName, plugin);
 }
 
-juce::StringArray check(const juce::String& skinName, const juce::MemoryBlock& bytes)
+juce::StringArray check(const juce::String& skinName, const juce::MemoryBlock& bytes, const BasePlugin* plugin)
 {
     SkinPackage package(nullptr, SkinPackage::packageInMemory, skinName, {}, bytes.getData(), bytes.getSize());
-    return checkPackage(package, skinName);
+    return checkPackage(package, skinName, plugin);
 }
 } // namespace SkinLint

@@ -1,5 +1,6 @@
 #include "SkinPackage.h"
 
+#include "GFXPanel.h"
 #include "SkinImage.h"
 #include "SkinTypeface.h"
 #include "io/XmlInput.h"
@@ -143,11 +144,12 @@ const juce::XmlElement* SkinPackage::findMainPanel(const juce::XmlElement& root)
 std::unique_ptr<juce::Component> SkinPackage::createMainPanel()
 {
     const auto root = readDocument();
-    if (root == nullptr || findMainPanel(*root) == nullptr)
+    const auto* element = root != nullptr ? findMainPanel(*root) : nullptr;
+    if (element == nullptr)
         return nullptr;
-    // The panel builder turns the main panel's element into live controls; without one the skin
-    // gives no panel.
-    return nullptr;
+    auto panel = std::make_unique<GFXPanel>("MainEditorPanel");
+    panel->load(*element, *this);
+    return panel;
 }
 
 juce::Image SkinPackage::getImage(const juce::String& fileName)

@@ -50,8 +50,9 @@ public:
         the other kinds, nor once the outer archive was opened: repeated calls are free. */
     void open();
 
-    /** The skin's main panel as a new component, owned by the caller, or null when the skin does
-        not load (no document, another root, no main panel, or no panel builder to make it). */
+    /** The skin's main panel, built with all its controls, as a new component owned by the caller
+        (named "MainEditorPanel"); null when the skin does not load (no document, another root, no
+        main panel). */
     std::unique_ptr<juce::Component> createMainPanel();
 
     /** The skin's document when its root is the editor's ("PluginEditor", any case), or null. Fills

@@ -61,7 +61,7 @@ TEST(SkinLint, EachPlantedFaultIsReportedOnItsOwnLine)
     EXPECT_TRUE(problems.contains("<font file=\"Missing.ttf\">: the skin has no file Missing.ttf"));
     EXPECT_TRUE(problems.contains("Knob.png: height 300 is not divided by 7 frames"));
     EXPECT_TRUE(problems.contains("<gfx resource=\"Absent.png\">: the skin has no file Absent.png"));
-    EXPECT_TRUE(problems.contains("<image strip=\"Knob.png\">: 0 frames"));
+    EXPECT_TRUE(problems.contains("<image strip=\"Knob.png\">: 0 frames (read as 1)"));
     EXPECT_TRUE(problems.contains("skin.xml: not a PNG, JPEG or GIF image within 16384 pixels a side"));
 
     const auto only = [&](const Skin& s)

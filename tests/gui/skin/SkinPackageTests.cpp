@@ -247,7 +247,9 @@ TEST(SkinImage, ImagesAreRefusedBeforeDecodingWhenTheirHeaderDeclaresTooMuch)
             EXPECT_TRUE(! decoded.isValid() || decoded.getBounds() == noisy.getBounds()) << format->getFormatName();
         }
         if (format == &pngFormat)
+        {
             EXPECT_FALSE(SkinImage::decode(juce::MemoryBlock(bytes.getData(), bytes.getSize() / 2)).isValid());
+        }
     }
 
     const uint8_t gif[] = {'G', 'I', 'F', '8', '9', 'a', 0x10, 0x27, 0x20, 0x4e};

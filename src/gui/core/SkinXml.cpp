@@ -1,0 +1,39 @@
+#include "SkinXml.h"
+
+namespace SkinXml
+{
+const juce::XmlElement* child(const juce::XmlElement& element, const juce::String& name)
+{
+    for (auto* c = element.getFirstChildElement(); c != nullptr; c = c->getNextElement())
+        if (c->getTagName().equalsIgnoreCase(name))
+            return c;
+    return nullptr;
+}
+
+juce::Array<const juce::XmlElement*> children(const juce::XmlElement& element, const juce::String& name)
+{
+    juce::Array<const juce::XmlElement*> found;
+    for (auto* c = element.getFirstChildElement(); c != nullptr; c = c->getNextElement())
+        if (c->getTagName().equalsIgnoreCase(name))
+            found.add(c);
+    return found;
+}
+
+int integer(const juce::XmlElement& element, const juce::String& attribute, int defaultValue)
+{
+    return element.hasAttribute(attribute) ? element.getStringAttribute(attribute).getIntValue() : defaultValue;
+}
+
+juce::Colour colour(const juce::String& text)
+{
+    return juce::Colour(uint32_t(text.trim().getHexValue64() & 0xffffffff));
+}
+
+bool boolean(const juce::XmlElement& element, const juce::String& attribute, bool defaultValue)
+{
+    if (! element.hasAttribute(attribute))
+        return defaultValue;
+    const auto text = element.getStringAttribute(attribute).trim();
+    return text.equalsIgnoreCase("true") || text.equalsIgnoreCase("yes") || text == "1";
+}
+} // namespace SkinXml

@@ -1,0 +1,74 @@
+#include "ControlWords.h"
+
+#include "GFXPanel.h"
+#include "gui/controls/GFXAnimation.h"
+#include "gui/controls/GFXButton.h"
+#include "gui/controls/GFXKnob.h"
+#include "gui/controls/GFXMultiStateButton.h"
+#include "gui/controls/GFXRocker.h"
+#include "gui/controls/GFXSwitch.h"
+#include "gui/controls/GFXToggleButton.h"
+
+namespace
+{
+using Maker = std::function<std::unique_ptr<juce::Component>(const juce::String&)>;
+
+template <typename Control> Maker maker()
+{
+    return [](const juce::String& name) { return std::make_unique<Control>(name); };
+}
+
+struct Word
+{
+    const char* word;
+    Maker make;
+};
+
+const std::vector<Word>& table()
+{
+    static const std::vector<Word> words{
+        {"Knob", maker<GFXKnob>()},
+        {"Switch", maker<GFXSwitch>()},
+        {"Animation", maker<GFXAnimation>()},
+        {"Button", maker<GFXButton>()},
+        {"ToggleButton", maker<GFXToggleButton>()},
+        {"MultiStateButton", maker<GFXMultiStateButton>()},
+        {"Rocker", maker<GFXRocker>()},
+        {"Panel", maker<GFXPanel>()},
+        {"PitchBender", maker<PitchBender>()},
+        {"ModWheel", maker<ModWheel>()},
+        {"MidiChannelDisplay", maker<GFXMidiChannelDisplay>()},
+    };
+    return words;
+}
+
+const Word* find(const juce::String& word)
+{
+    for (const auto& entry : table())
+        if (word.equalsIgnoreCase(entry.word))
+            return &entry;
+    return nullptr;
+}
+} // namespace
+
+namespace ControlWords
+{
+std::unique_ptr<juce::Component> make(const juce::String& word, const juce::String& componentName)
+{
+    const auto* entry = find(word);
+    return entry != nullptr ? entry->make(componentName) : nullptr;
+}
+
+bool isKnown(const juce::String& word)
+{
+    return find(word) != nullptr;
+}
+
+juce::StringArray all()
+{
+    juce::StringArray words;
+    for (const auto& entry : table())
+        words.add(entry.word);
+    return words;
+}
+} // namespace ControlWords
