@@ -16,7 +16,7 @@ build="$root/build-fuzz"
 seconds=60
 do_build=1
 targets=()
-all_targets=(state_chunk preset parameters midi_map host_map settings package tags skin_package)
+all_targets=(state_chunk preset parameters midi_map host_map settings package tags skin_package skin_document)
 
 while [ $# -gt 0 ]; do
   case "$1" in

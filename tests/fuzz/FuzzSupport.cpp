@@ -9,9 +9,11 @@
 namespace fuzz
 {
 const Target targets[] = {
-    {"state_chunk", fuzzStateChunk}, {"preset", fuzzPreset},    {"parameters", fuzzParameters},
-    {"midi_map", fuzzMidiMap},       {"host_map", fuzzHostMap}, {"settings", fuzzSettings},
-    {"package", fuzzPackage},        {"tags", fuzzTags},        {"skin_package", fuzzSkinPackage},
+    {"state_chunk", fuzzStateChunk},   {"preset", fuzzPreset},
+    {"parameters", fuzzParameters},    {"midi_map", fuzzMidiMap},
+    {"host_map", fuzzHostMap},         {"settings", fuzzSettings},
+    {"package", fuzzPackage},          {"tags", fuzzTags},
+    {"skin_package", fuzzSkinPackage}, {"skin_document", fuzzSkinDocument},
 };
 const int numTargets = static_cast<int>(std::size(targets));
 

@@ -58,3 +58,4 @@ int fuzzSettings(const uint8_t* data, size_t size);
 int fuzzPackage(const uint8_t* data, size_t size);
 int fuzzTags(const uint8_t* data, size_t size);
 int fuzzSkinPackage(const uint8_t* data, size_t size);
+int fuzzSkinDocument(const uint8_t* data, size_t size);

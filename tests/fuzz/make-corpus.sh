@@ -18,7 +18,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 rm -rf "$corpus"
-mkdir -p "$corpus"/{state_chunk,preset,parameters,midi_map,host_map,settings,package,tags,skin_package}
+mkdir -p "$corpus"/{state_chunk,preset,parameters,midi_map,host_map,settings,package,tags,skin_package,skin_document}
 factory="$root/presets/factory"
 some_presets=("Afterburner" "Air Lift" "Bar Sweep" "Bell Jar" "Braided")
 
@@ -182,6 +182,15 @@ inner = zipfile.ZipFile(sys.argv[1]).read("Fuzz.skin")
 (out / "whole-cut.bin").write_bytes(b"\0" + pkg[: len(pkg) * 2 // 3])
 (out / "digest-renamed.bin").write_bytes(b"\0" + pkg.replace(b"Fuzz.md5", b"Fuzz.MD5"))
 PY
+
+# Skin documents: the panel builder's test skin that uses every control word, and damaged copies.
+every="$root/tests/gui/skin/every-word-skin.xml"
+cp "$every" "$corpus/skin_document/every-word.xml"
+sed -e 's/framesNum="[0-9]*"/framesNum="0"/g' "$every" >"$corpus/skin_document/zero-frames.xml"
+sed -e 's/width="[0-9]*"/width="-7"/g; s/left="[0-9]*"/left="2147483647"/g' "$every" >"$corpus/skin_document/bad-sizes.xml"
+sed -e '/<gfx/d; /<pos/d' "$every" >"$corpus/skin_document/no-children.xml"
+sed -e 's/<controls[^>]*>/<controls ofsX="x"><Panel name="deeper"><controls>/; s#</controls>#</controls></Panel></controls>#' \
+  "$every" >"$corpus/skin_document/nested.xml"
 
 # Tags.
 printf 'Type:Flanger|Jet|Gritty;Modulation:Slow;Spatialize:Wide' >"$corpus/tags/factory.txt"

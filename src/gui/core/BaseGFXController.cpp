@@ -42,6 +42,10 @@ void BaseGFXController::setFilmstrip(const juce::Image& strip, int frameCount)
 
 void BaseGFXController::setFrameSize(int newWidth, int newHeight)
 {
+    // Sizes and positions come from skins: held to what a screen can show, so that no skin can ask
+    // for a component of gigapixels.
+    newWidth = juce::jlimit(0, maximumExtent, newWidth);
+    newHeight = juce::jlimit(0, maximumExtent, newHeight);
     if (newWidth == width && newHeight == height)
         return;
     width = newWidth;
@@ -51,6 +55,8 @@ void BaseGFXController::setFrameSize(int newWidth, int newHeight)
 
 void BaseGFXController::setPosition(int newLeft, int newTop)
 {
+    newLeft = juce::jlimit(-maximumExtent, maximumExtent, newLeft);
+    newTop = juce::jlimit(-maximumExtent, maximumExtent, newTop);
     if (newLeft == left && newTop == top)
         return;
     left = newLeft;

@@ -17,6 +17,9 @@ public:
         below 1 counts as 1. */
     void load(const juce::XmlElement& element, SkinContext& skin) override;
 
+    /** The largest size and position a skin can give a control, in pixels. */
+    static constexpr int maximumExtent = 16384;
+
     /** The frame of a value 0..1 in a strip of `count` frames: floor(v x (count - 1) + 0.5). */
     static int frameOf(double value, int count);
 
