@@ -25,6 +25,16 @@ void GFXAnimation::setValue(float value)
     }
 }
 
+void GFXAnimation::showFrame(int newFrame)
+{
+    newFrame = juce::jlimit(0, juce::jmax(0, frames - 1), newFrame);
+    if (newFrame != frame)
+    {
+        frame = newFrame;
+        repaint();
+    }
+}
+
 void GFXAnimation::light(int litFrame, int milliseconds)
 {
     frame = litFrame;

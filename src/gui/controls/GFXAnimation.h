@@ -18,6 +18,10 @@ public:
 
     /** Shows the frame of a value, held to 0..1. */
     void setValue(float value);
+    /** Shows a frame (held to the strip); repaints only on a change. */
+    void showFrame(int newFrame);
+    /** Takes a filmstrip of that many frames, and the size of one frame. */
+    void setStrip(const juce::Image& strip, int frameCount) { setFilmstrip(strip, frameCount); }
     /** Shows a frame now and returns to the rest frame after `milliseconds`. */
     void light(int litFrame, int milliseconds);
     int getFrame() const noexcept { return frame; }

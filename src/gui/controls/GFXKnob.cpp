@@ -110,3 +110,17 @@ void ModWheel::stoppedDragging()
     GFXKnob::stoppedDragging();
     setValue(0.0, juce::sendNotificationAsync);
 }
+
+juce::String GFXMidiChannelDisplay::getChannelText() const
+{
+    const double value = getValue();
+    return value == 0.0 ? juce::String("ALL") : juce::String(int(value * 16.0 + 0.5));
+}
+
+void GFXMidiChannelDisplay::paintDrawnLook(juce::Graphics& g)
+{
+    g.fillAll(DrawnLook::grey(0.7f));
+    g.setColour(juce::Colours::black);
+    g.setFont(juce::Font("Tahoma", float(getHeight()) * 0.75f, juce::Font::plain));
+    g.drawText(getChannelText(), getLocalBounds(), juce::Justification::centred, false);
+}

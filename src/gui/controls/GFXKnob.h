@@ -39,7 +39,8 @@ protected:
     virtual bool honoursSuspension() const { return true; }
     /** The value text of the drawn look when no parameter is bound. */
     virtual juce::String unboundValueText() const;
-    void paintDrawnLook(juce::Graphics& g);
+    /** The plain look without an image. */
+    virtual void paintDrawnLook(juce::Graphics& g);
 
     bool dragging = false;
 };
@@ -64,12 +65,16 @@ public:
     void stoppedDragging() override;
 };
 
-/** The MIDI channel read-out: a knob that ignores `suspended`. */
+/** The MIDI channel read-out: a knob that ignores `suspended`. Without an image it reads "ALL" at
+    0, else the channel number. */
 class GFXMidiChannelDisplay : public GFXKnob
 {
 public:
     explicit GFXMidiChannelDisplay(const juce::String& name) : GFXKnob(name) {}
+    /** The text of the drawn look for the current value. */
+    juce::String getChannelText() const;
 
 protected:
     bool honoursSuspension() const override { return false; }
+    void paintDrawnLook(juce::Graphics& g) override;
 };

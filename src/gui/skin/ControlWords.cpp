@@ -3,19 +3,25 @@
 #include "GFXPanel.h"
 #include "gui/controls/GFXAnimation.h"
 #include "gui/controls/GFXButton.h"
+#include "gui/controls/GFXDisplay.h"
 #include "gui/controls/GFXKnob.h"
 #include "gui/controls/GFXMultiStateButton.h"
 #include "gui/controls/GFXRocker.h"
 #include "gui/controls/GFXSwitch.h"
 #include "gui/controls/GFXToggleButton.h"
+#include "gui/controls/ImageComboBox.h"
+#include "gui/controls/NoteDisplay.h"
+#include "gui/controls/NumericDisplay.h"
+#include "gui/controls/PatternNumberDisplay.h"
+#include "gui/controls/TextInput.h"
 
 namespace
 {
-using Maker = std::function<std::unique_ptr<juce::Component>(const juce::String&)>;
+using Maker = std::function<std::unique_ptr<juce::Component>(const juce::String&, SkinContext&)>;
 
 template <typename Control> Maker maker()
 {
-    return [](const juce::String& name) { return std::make_unique<Control>(name); };
+    return [](const juce::String& name, SkinContext&) { return std::make_unique<Control>(name); };
 }
 
 struct Word
@@ -38,6 +44,13 @@ const std::vector<Word>& table()
         {"PitchBender", maker<PitchBender>()},
         {"ModWheel", maker<ModWheel>()},
         {"MidiChannelDisplay", maker<GFXMidiChannelDisplay>()},
+        {"Display", maker<GFXDisplay>()},
+        {"DisplayFloat", maker<GFXDisplayFloat>()},
+        {"NumericDisplay", maker<NumericDisplay>()},
+        {"NoteDisplay", maker<NoteDisplay>()},
+        {"PatternNumberDisplay", maker<PatternNumberDisplay>()},
+        {"TextInput", maker<TextInput>()},
+        {"ImageComboBox", maker<ImageComboBox>()},
     };
     return words;
 }
@@ -53,10 +66,10 @@ const Word* find(const juce::String& word)
 
 namespace ControlWords
 {
-std::unique_ptr<juce::Component> make(const juce::String& word, const juce::String& componentName)
+std::unique_ptr<juce::Component> make(const juce::String& word, const juce::String& componentName, SkinContext& skin)
 {
     const auto* entry = find(word);
-    return entry != nullptr ? entry->make(componentName) : nullptr;
+    return entry != nullptr ? entry->make(componentName, skin) : nullptr;
 }
 
 bool isKnown(const juce::String& word)

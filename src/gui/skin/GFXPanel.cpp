@@ -1,6 +1,7 @@
 #include "GFXPanel.h"
 
 #include "ControlWords.h"
+#include "gui/core/SkinWidget.h"
 #include "gui/core/SkinXml.h"
 
 GFXPanel::GFXPanel(const juce::String& componentName) : juce::Component(componentName) {}
@@ -28,7 +29,7 @@ void GFXPanel::load(const juce::XmlElement& element, SkinContext& skin)
         const int offsetY = SkinXml::integer(*controls, "ofsY", 0);
         for (auto* child = controls->getFirstChildElement(); child != nullptr; child = child->getNextElement())
         {
-            auto control = ControlWords::make(child->getTagName(), child->getStringAttribute("name"));
+            auto control = ControlWords::make(child->getTagName(), child->getStringAttribute("name"), skin);
             if (control == nullptr)
                 continue; // a word the builder does not know
             if (auto* controller = dynamic_cast<GUIController*>(control.get()))
@@ -36,6 +37,11 @@ void GFXPanel::load(const juce::XmlElement& element, SkinContext& skin)
                 controller->load(*child, skin);
                 if (auto* bound = controller->getParameter())
                     controller->updateFromParameter(*bound);
+            }
+            else if (auto* widget = dynamic_cast<SkinWidget*>(control.get()))
+            {
+                // Controls bound to several parameters, or only to items: the panel reads their words.
+                widget->loadFromSkin(*child, skin);
             }
             addAndMakeVisible(control.release());
         }

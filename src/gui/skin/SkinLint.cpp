@@ -121,15 +121,19 @@ juce::StringArray checkPackage(SkinPackage& package, const juce::String& skinNam
         for (int i = 0; i < element.getNumAttributes(); ++i)
             if (imageAttributes.count(element.getAttributeName(i)) != 0)
                 checkImage(element, element.getAttributeName(i));
-        if (element.getTagName().equalsIgnoreCase("font"))
-        {
-            const auto fileName = element.getStringAttribute("file");
-            juce::MemoryBlock bytes;
-            if (fileName.isEmpty())
-                problems.add("<font typeface=\"" + element.getStringAttribute("typeface") + "\">: no file");
-            else if (! package.readSkinFile(fileName, SkinPackage::maximumFontBytes, bytes))
-                problems.add("<font file=\"" + fileName + "\">: the skin has no file " + fileName);
-        }
+        // The skin's font list: a control's own `font` element names a typeface, not a file.
+        if (element.getTagName().equalsIgnoreCase("Fonts"))
+            for (auto* font = element.getFirstChildElement(); font != nullptr; font = font->getNextElement())
+            {
+                if (! font->getTagName().equalsIgnoreCase("font"))
+                    continue;
+                const auto fileName = font->getStringAttribute("file");
+                juce::MemoryBlock bytes;
+                if (fileName.isEmpty())
+                    problems.add("<font typeface=\"" + font->getStringAttribute("typeface") + "\">: no file");
+                else if (! package.readSkinFile(fileName, SkinPackage::maximumFontBytes, bytes))
+                    problems.add("<font file=\"" + fileName + "\">: the skin has no file " + fileName);
+            }
         for (auto* child = element.getFirstChildElement(); child != nullptr; child = child->getNextElement())
             walk(*child);
     };

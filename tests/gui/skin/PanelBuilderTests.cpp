@@ -3,8 +3,10 @@
 #include "gui/VelmarinFixture.h"
 #include "gui/controls/GFXAnimation.h"
 #include "gui/controls/GFXButton.h"
+#include "gui/controls/GFXDisplay.h"
 #include "gui/controls/GFXKnob.h"
 #include "gui/controls/GFXSwitch.h"
+#include "gui/controls/ImageComboBox.h"
 #include "gui/core/ComponentSearch.h"
 #include "gui/skin/ControlWords.h"
 #include "gui/skin/GFXPanel.h"
@@ -39,6 +41,13 @@ testskin::Skin everyWordSkin()
     skin.files["Multi.png"] = png(guitest::strip(30, 20, 3));
     skin.files["Rocker.png"] = png(guitest::strip(20, 40, 3));
     skin.files["Meter.png"] = png(guitest::strip(10, 30, 16));
+    skin.files["Glyphs.png"] = png(guitest::strip(8, 10, 2 * 96));
+    skin.files["Sign.png"] = png(guitest::strip(10, 16, 2));
+    skin.files["Digits.png"] = png(guitest::strip(10, 16, 19));
+    skin.files["Notes.png"] = png(guitest::strip(10, 16, 9));
+    skin.files["Tones.png"] = png(guitest::strip(6, 16, 3));
+    skin.files["Octaves.png"] = png(guitest::strip(10, 16, 13));
+    skin.files["Lengths.png"] = png(guitest::strip(30, 20, 6));
     return skin;
 }
 
@@ -67,7 +76,7 @@ TEST_F(PanelBuilder, TheSkinThatUsesEveryWordBuildsItsTree)
     ASSERT_NE(panel, nullptr);
     EXPECT_EQ(panel->getName(), "MainEditorPanel");
     EXPECT_EQ(panel->getBounds(), juce::Rectangle<int>(0, 0, 400, 200)) << "the background decides the size";
-    EXPECT_EQ(panel->getNumChildComponents(), 12) << "the unknown word is skipped";
+    EXPECT_EQ(panel->getNumChildComponents(), 19) << "the unknown word is skipped";
 
     auto* amount = ComponentSearch::find<GFXKnob>(*panel, "FX Amount Knob");
     ASSERT_NE(amount, nullptr) << "own children are searched before the nested panel's";
@@ -76,6 +85,12 @@ TEST_F(PanelBuilder, TheSkinThatUsesEveryWordBuildsItsTree)
     EXPECT_EQ(amount->getBounds(), juce::Rectangle<int>(20, 20, 40, 40));
     EXPECT_EQ(amount->getParameter(), &parameter("FX Amount"));
     EXPECT_EQ(ComponentSearch::find<GFXSwitch>(*panel, "Sync Switch")->getSwitchStyle(), GFXSwitch::horizontal);
+    auto* picker = ComponentSearch::find<ImageComboBox>(*panel, "Length Picker");
+    ASSERT_NE(picker, nullptr);
+    EXPECT_EQ(picker->getParameters().getFirst(), &parameter("BBD Length")) << "the panel read its words";
+    EXPECT_EQ(picker->getIndex(), parameter("BBD Length").getInt());
+    EXPECT_NE(ComponentSearch::find<GFXDisplay>(*panel, "Clock Display"), nullptr);
+    EXPECT_FALSE(ComponentSearch::find<GFXDisplay>(*panel, "Clock Display")->isEnabled()) << "read-only";
 
     auto* inner = ComponentSearch::find<GFXPanel>(*panel, "Inner Panel");
     ASSERT_NE(inner, nullptr);
@@ -122,6 +137,13 @@ TEST_F(PanelBuilder, MalformedSkinsLoadWithoutACrash)
         {"<gfx resource=\"Knob.png\" framesNum=\"64\"/>", ""},
         {"<pos left=\"80\" top=\"20\"/>", "<pos/>"},
         {"bkgCol=\"ff202020\"", "bkgCol=\"not a colour\""},
+        {"fontHeight=\"10\"", "fontHeight=\"0\""},
+        {"digitsNum=\"3\"", "digitsNum=\"-1\""},
+        {"firstDigitOrder=\"10\"", "firstDigitOrder=\"-0\""},
+        {"tilesInRow=\"3\"", "tilesInRow=\"-4\""},
+        {"firstASCII=\" \"", "firstASCII=\"\""},
+        {"framesNum=\"6\"", "framesNum=\"0\""},
+        {"<digits><gfx resource=\"Digits.png\"/></digits>", "<digits/>"},
         {"<controls ofsX=\"0\" ofsY=\"0\">", "<controls><controls>"},
         {"param=\"FX Amount\"", "param=\"\""},
         {"event=\"Select Next Preset\"", "event=\"\""},
@@ -157,7 +179,8 @@ TEST_F(PanelBuilder, LintReadsTheBuildersWordsAndThePluginsNames)
     auto skin = everyWordSkin();
     const auto clean = SkinLint::check("Every", skin.package("Every"), &plugin());
     EXPECT_EQ(clean, juce::StringArray({"<font file=\"Label.ttf\">: the skin has no file Label.ttf",
-                                        "<Hologram>: not a control the panel builder knows; skipped"}));
+                                        "<Hologram>: not a control the panel builder knows; skipped"}))
+        << clean.joinIntoString("\n");
 
     skin.files["skin.xml"] =
         testskin::text(everyWordDocument()
