@@ -3,6 +3,14 @@
 //   widget_gallery OUTPUT_FOLDER
 //
 // The pictures in docs/gui/widgets are made with it; look at them after any change to the look.
+#include "gui/controls/GFXDisplay.h"
+#include "gui/controls/GFXKnob.h"
+#include "gui/controls/ImageComboBox.h"
+#include "gui/controls/NoteDisplay.h"
+#include "gui/controls/NumericDisplay.h"
+#include "gui/controls/TextInput.h"
+#include "gui/core/FloatingPanelHost.h"
+#include "gui/core/SkinContext.h"
 #include "gui/widgets/AlertWindow.h"
 #include "gui/widgets/CheckBox_V2.h"
 #include "gui/widgets/ComboBoxButton.h"
@@ -16,6 +24,7 @@
 #include "gui/widgets/ToolbarDrawableButton.h"
 #include "gui/widgets/WidgetIcons.h"
 #include "parameters/EnumParameter.h"
+#include "parameters/IntParameter.h"
 
 #include <cstdio>
 
@@ -50,6 +59,65 @@ struct IconView : juce::Component
     }
     WidgetIcon icon;
 };
+
+/** Strips of text cells drawn with the compiled-in font: a stand-in for a skin's bitmap art. */
+juce::Image textStrip(const juce::StringArray& cells, int width, int height, bool withCaretBank = false)
+{
+    const int banks = withCaretBank ? 2 : 1;
+    juce::Image image(juce::Image::ARGB, width, height * cells.size() * banks, true);
+    juce::Graphics g(image);
+    g.setFont(juce::Font(float(height) * 0.85f, juce::Font::bold));
+    for (int bank = 0; bank < banks; ++bank)
+        for (int i = 0; i < cells.size(); ++i)
+        {
+            const juce::Rectangle<int> cell(0, (bank * cells.size() + i) * height, width, height);
+            if (bank == 1)
+            {
+                g.setColour(juce::Colour(DefaultLookAndFeel::Colours::accent));
+                g.fillRect(cell);
+            }
+            g.setColour(bank == 1 ? juce::Colour(DefaultLookAndFeel::Colours::onAccent) : juce::Colour(0xff7fe0c0));
+            g.drawText(cells[i], cell, juce::Justification::centred, false);
+        }
+    return image;
+}
+
+/** The gallery's skin: strips made by `textStrip`, found by name. */
+class GallerySkin : public SkinContext
+{
+public:
+    BasePlugin* getPlugin() const override { return nullptr; }
+    juce::Image getImage(const juce::String& fileName) override { return images[fileName]; }
+    juce::Font getFont(const juce::String&, int) override { return juce::Font(14.0f); }
+    std::map<juce::String, juce::Image> images;
+};
+
+/** A panel that hosts floating pickers, as the editor does. */
+class FloatingStage : public juce::Component, public FloatingPanelHost
+{
+public:
+    void showFloating(juce::Component* panel, juce::Point<int> position, juce::Component* anchor,
+                      FloatingComponentOwner*) override
+    {
+        addAndMakeVisible(panel);
+        panel->setTopLeftPosition(getLocalPoint(anchor, position));
+    }
+    void hideFloating(juce::Component* panel, juce::Component*) override { removeChildComponent(panel); }
+    void paint(juce::Graphics& g) override
+    {
+        g.fillAll(juce::Colour(0xff15171a));
+        g.setColour(juce::Colour(DefaultLookAndFeel::Colours::textMuted));
+        g.setFont(juce::Font(12.0f));
+        for (const auto& [area, text] : captions)
+            g.drawText(text, area, juce::Justification::centredLeft);
+    }
+    std::vector<std::pair<juce::Rectangle<int>, juce::String>> captions;
+};
+
+std::unique_ptr<juce::XmlElement> element(const juce::String& text)
+{
+    return juce::parseXML(text);
+}
 
 struct NoCaller : Q41::AlertWindow::Caller
 {
@@ -220,6 +288,96 @@ int main(int argc, char* argv[])
         stage.addChildComponent(window);
         window.show();
         ok &= save(stage, folder.getChildFile("window.png"));
+    }
+    {
+        // The displays, as a skin with bitmap art shows them, at a few values.
+        GallerySkin skin;
+        juce::StringArray ascii;
+        for (int c = 32; c < 127; ++c)
+            ascii.add(juce::String::charToString(juce::juce_wchar(c)));
+        skin.images["Glyphs.png"] = textStrip(ascii, 11, 16, true);
+        skin.images["Digits.png"] = textStrip({"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"}, 14, 22);
+        skin.images["Sign.png"] = textStrip({"", "-"}, 14, 22);
+        skin.images["Notes.png"] = textStrip({"C", "D", "E", "F", "G", "A", "B", "", ""}, 14, 22);
+        skin.images["Tones.png"] = textStrip({"", "#", "b"}, 16, 22);
+        juce::StringArray octaves;
+        for (int o = -1; o <= 11; ++o)
+            octaves.add(juce::String(o));
+        skin.images["Octaves.png"] = textStrip(octaves, 22, 22);
+        skin.images["Lengths.png"] = textStrip({"16", "32", "64", "128", "256", "512"}, 44, 24);
+
+        FloatingStage stage;
+        stage.setSize(640, 300);
+        std::vector<std::unique_ptr<IntParameter>> notes;
+        EnumParameter length(1, "BBD Length");
+        length.setItems("16;32;64;128;256;512");
+        length.setInt(4, false);
+        std::vector<std::unique_ptr<juce::Component>> owned;
+        const auto place = [&](std::unique_ptr<juce::Component> c, const juce::String& caption)
+        {
+            stage.captions.push_back({c->getBounds().withY(c->getY() - 18).withHeight(16).withWidth(200), caption});
+            stage.addAndMakeVisible(*c);
+            owned.push_back(std::move(c));
+            return owned.back().get();
+        };
+
+        int x = 20;
+        for (const double value : {7.0, -42.5, 123.4})
+        {
+            auto display = std::make_unique<NumericDisplay>("Number");
+            display->load(
+                *element("<NumericDisplay digitsNum=\"4\" firstDigitOrder=\"100\" minValue=\"-999\" "
+                         "maxValue=\"999\"><sign><gfx resource=\"Sign.png\"/></sign><digits><gfx "
+                         "resource=\"Digits.png\"/></digits><size width=\"70\" height=\"22\"/></NumericDisplay>"),
+                skin);
+            display->setTopLeftPosition(x, 36);
+            display->setValue(value, false);
+            place(std::move(display), "NumericDisplay " + juce::String(value));
+            x += 160;
+        }
+        x = 20;
+        for (const int note : {60, 61, 127})
+        {
+            auto display = std::make_unique<NoteDisplay>("Note");
+            display->load(*element("<NoteDisplay><gfx><notes resource=\"Notes.png\"/><tones resource=\"Tones.png\"/>"
+                                   "<octaves resource=\"Octaves.png\"/></gfx></NoteDisplay>"),
+                          skin);
+            display->setTopLeftPosition(x, 100);
+            notes.push_back(std::make_unique<IntParameter>(0, "Note", 0, 127, note));
+            display->connectParameter(notes.back().get());
+            place(std::move(display), "NoteDisplay " + juce::String(note));
+            x += 160;
+        }
+        auto text = std::make_unique<GFXDisplay>("Text");
+        text->load(*element("<Display backgroundColour=\"ff0c0e10\"><gfx resource=\"Glyphs.png\" fontHeight=\"16\" "
+                            "firstASCII=\" \"/><size width=\"176\" height=\"22\"/></Display>"),
+                   skin);
+        text->setTopLeftPosition(20, 164);
+        text->setText("1.351 MHz");
+        place(std::move(text), "Display (bitmap font)");
+
+        auto input = std::make_unique<TextInput>("Name");
+        input->load(*element("<TextInput name=\"\" defaultText=\"(preset name)\" textColour=\"ffe8e6e1\" "
+                             "backgroundColour=\"ff17191c\" outlineColour=\"ff4a5059\"><size width=\"160\" "
+                             "height=\"22\"/></TextInput>"),
+                    skin);
+        input->setTopLeftPosition(240, 164);
+        place(std::move(input), "TextInput, empty");
+
+        auto channel = std::make_unique<GFXMidiChannelDisplay>("Channel");
+        channel->setBounds(440, 164, 50, 22);
+        place(std::move(channel), "MidiChannelDisplay");
+
+        auto lengths = std::make_unique<ImageComboBox>("Lengths");
+        lengths->loadFromSkin(*element("<ImageComboBox><gfx resource=\"Lengths.png\" framesNum=\"6\"/>"
+                                       "<picker tilesInRow=\"3\" values=\"off\"/></ImageComboBox>"),
+                              skin);
+        lengths->setTopLeftPosition(330, 240);
+        lengths->addParameter(&length);
+        auto* combo = dynamic_cast<ImageComboBox*>(place(std::move(lengths), ""));
+        stage.captions.push_back({{20, 240, 260, 24}, "ImageComboBox with its picker open"});
+        combo->openPicker();
+        ok &= save(stage, folder.getChildFile("displays.png"));
     }
     return ok ? 0 : 1;
 }
