@@ -238,6 +238,8 @@ public:
     /** The editor's MIDI lamp: it exchanges this with 0 on its timer. Nothing in this product sets
         it, so the lamp stays dark. Any thread. */
     std::atomic<int>& getMidiActivity() noexcept { return midiActivity; }
+    /** The on-screen keyboard's notes; nothing in this effect reads it. */
+    juce::MidiKeyboardState& getKeyboardState() noexcept { return keyboardState; }
 
 protected:
     SampleRateContext sampleRateContext;
@@ -280,6 +282,7 @@ private:
     StateChunk stateChunk;
     MidiControlMap midiMap;
     std::atomic<int> midiActivity{0};
+    juce::MidiKeyboardState keyboardState;
 
     EventsMap events;
     PluginResources resources;
