@@ -6,7 +6,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/../src"
 
-order=(io parameters engine content plugin gui/core gui/widgets gui/controls gui/skin product)
+order=(io parameters engine content plugin gui/core gui/widgets gui/controls gui/skin gui/editor product)
 # JUCE modules each layer may include (the layers above the plug-in object take any).
 declare -A juce=(
   [io]="juce_core"

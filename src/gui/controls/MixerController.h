@@ -2,6 +2,7 @@
 
 #include "GFXSwitch.h"
 #include "gui/core/ParameterController.h"
+#include "gui/core/SkinWidget.h"
 
 class SkinContext;
 
@@ -31,7 +32,7 @@ class SkinContext;
     - a control of width 0 (or with no bars) has no bar under the pointer: a press paints nothing.
 
     Thread: message thread. */
-class MixerController : public juce::Component, public ParameterController
+class MixerController : public juce::Component, public ParameterController, public SkinWidget
 {
 public:
     /** One picture of a bar: frame n of a strip of frames stacked from top to bottom. */
@@ -78,7 +79,7 @@ public:
         (`image` children named "slider" or "display" with `strip` and `frames`), `gaps` ("first;
         second") and `parameters` (`param` children whose `name` holds one or more names separated
         by ";"; each name found in the plug-in's parameters joins the mixer). */
-    void loadFromSkin(const juce::XmlElement& element, SkinContext& skin);
+    void loadFromSkin(const juce::XmlElement& element, SkinContext& skin) override;
 
     /** Shows a parameter's value on its bar, without writing anything. */
     void updateFromParameter(Parameter& parameter);

@@ -10,10 +10,15 @@
 #include "gui/controls/GFXSwitch.h"
 #include "gui/controls/GFXToggleButton.h"
 #include "gui/controls/ImageComboBox.h"
+#include "gui/controls/ImageMidiKeyboard.h"
+#include "gui/controls/MixerController.h"
+#include "gui/controls/ModulationMatrixComponent.h"
 #include "gui/controls/NoteDisplay.h"
 #include "gui/controls/NumericDisplay.h"
 #include "gui/controls/PatternNumberDisplay.h"
 #include "gui/controls/TextInput.h"
+#include "gui/core/SkinContext.h"
+#include "plugin/BasePlugin.h"
 
 namespace
 {
@@ -51,6 +56,17 @@ const std::vector<Word>& table()
         {"PatternNumberDisplay", maker<PatternNumberDisplay>()},
         {"TextInput", maker<TextInput>()},
         {"ImageComboBox", maker<ImageComboBox>()},
+        {"Mixer", maker<MixerController>()},
+        {"ModulationMatrix", maker<ModulationMatrixComponent>()},
+        {"MidiKeyboard",
+         [](const juce::String& name, SkinContext& skin) -> std::unique_ptr<juce::Component>
+         {
+             // The keyboard plays into the plug-in's keyboard state; a skin loaded without a plug-in
+             // (the linter, tests) plays into one of its own that nothing reads.
+             static juce::MidiKeyboardState unheard;
+             auto* plugin = skin.getPlugin();
+             return std::make_unique<ImageMidiKeyboard>(name, plugin != nullptr ? plugin->getKeyboardState() : unheard);
+         }},
     };
     return words;
 }

@@ -76,7 +76,7 @@ TEST_F(PanelBuilder, TheSkinThatUsesEveryWordBuildsItsTree)
     ASSERT_NE(panel, nullptr);
     EXPECT_EQ(panel->getName(), "MainEditorPanel");
     EXPECT_EQ(panel->getBounds(), juce::Rectangle<int>(0, 0, 400, 200)) << "the background decides the size";
-    EXPECT_EQ(panel->getNumChildComponents(), 19) << "the unknown word is skipped";
+    EXPECT_EQ(panel->getNumChildComponents(), 22) << "the unknown word is skipped";
 
     auto* amount = ComponentSearch::find<GFXKnob>(*panel, "FX Amount Knob");
     ASSERT_NE(amount, nullptr) << "own children are searched before the nested panel's";
@@ -144,6 +144,10 @@ TEST_F(PanelBuilder, MalformedSkinsLoadWithoutACrash)
         {"firstASCII=\" \"", "firstASCII=\"\""},
         {"framesNum=\"6\"", "framesNum=\"0\""},
         {"<digits><gfx resource=\"Digits.png\"/></digits>", "<digits/>"},
+        {"gaps=\"6;8\"", "gaps=\"-5;x\""},
+        {"frames=\"16\"", "frames=\"0\""},
+        {"firstKey=\"48\" lastKey=\"50\"", "firstKey=\"200\" lastKey=\"-3\""},
+        {"<param name=\"FX Amount\"/>", ""},
         {"<controls ofsX=\"0\" ofsY=\"0\">", "<controls><controls>"},
         {"param=\"FX Amount\"", "param=\"\""},
         {"event=\"Select Next Preset\"", "event=\"\""},
