@@ -621,3 +621,13 @@ void BasePlugin::loadHostMap()
     if (const auto root = juce::parseXML(text))
         readHostMapXml(*root);
 }
+
+bool BasePlugin::resetParameterToDefault(int index)
+{
+    auto* parameter = parameters->getParameter(index);
+    float value = 0.0f;
+    if (parameter == nullptr || ! parameters->getDefaultValue(index, value))
+        return false;
+    parameter->setNormalized(value, true);
+    return true;
+}

@@ -91,6 +91,8 @@ public:
     virtual int getHostParameterCount() { return hostParameterCount; }
     virtual juce::String getHostParameterName(int hostIndex);
     virtual bool wantsDebugParameters() { return false; }
+    /** The editor's events it does not handle itself come here; nothing in this product. */
+    virtual void handleEvent(int eventId) { (void)eventId; }
     virtual juce::String getPresetFileExtension() { return {}; }
     virtual juce::String getPackageFileExtension() { return "." + getCodeLetters().toLowerCase() + "zip"; }
     /** 0 for a parameter that belongs to a preset, else -1. */
@@ -224,6 +226,9 @@ public:
 
     ParameterManager& getParameterManager() noexcept { return *parameters; }
     const ParameterManager& getParameterManager() const noexcept { return *parameters; }
+    /** Sets a parameter to the value it had when start-up ended, with notification. False when the
+        index names no parameter or none was captured. */
+    bool resetParameterToDefault(int index);
     const SampleRateContext& getSampleRateContext() const noexcept { return sampleRateContext; }
     const EventsMap& getEvents() const noexcept { return events; }
     const PresetSlot& getPresetSlot(int slot) const { return presetSlots.getSlot(slot); }

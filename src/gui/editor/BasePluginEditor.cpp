@@ -1,0 +1,345 @@
+#include "BasePluginEditor.h"
+
+#include "gui/controls/TextInput.h"
+#include "gui/core/ComponentSearch.h"
+#include "gui/skin/SkinPackage.h"
+#include "parameters/StringParameter.h"
+#include "plugin/BasePlugin.h"
+
+BasePluginEditor::BasePluginEditor(BasePlugin& p, bool isSkinned) : plugin(p), skinned(isSkinned)
+{
+    addAndMakeVisible(statusBar);
+    optionsWindow.setTitle("Default Settings");
+    optionsWindow.setSize(560, 250);
+    addChildComponent(optionsWindow);
+    plugin.getParameterManager().addAsyncListenerToAll(this);
+    setEditorSize(800, 600);
+}
+
+BasePluginEditor::~BasePluginEditor()
+{
+    stopTimer();
+    cancelPendingUpdate();
+    plugin.getParameterManager().removeAsyncListenerFromAll(this);
+    if (floating != nullptr)
+        hideFloating(floating.getComponent(), nullptr);
+    if (mainPanel != nullptr)
+        mainPanel->removeMouseListener(this);
+    aboutWindow.reset();
+    mainPanel.reset();
+}
+
+void BasePluginEditor::initialise()
+{
+    if (! skinned)
+        return;
+    skinsDirectory = plugin.getDataDirectory().getChildFile("Skins");
+    skinFileCount = SkinList::countPackages(skinsDirectory);
+    skinList = std::make_unique<SkinList>(&plugin, SkinPackage::packageFile, skinsDirectory);
+    chooseSkinAtStart();
+}
+
+void BasePluginEditor::chooseSkinAtStart()
+{
+    const auto preferred = preferredSkin.get();
+    if (preferred.isEmpty() || ! getSkinFile(preferred).existsAsFile())
+        preferredSkin.set(skinList->defaultSkin(firstDisplay ? firstDisplay() : std::nullopt));
+    if (preferredSkin.get().isEmpty())
+    {
+        statusBar.setLastingMessage("Plugin skins not found in directory: '" + skinsDirectory.getFullPathName() +
+                                    "'. Please reinstall to repair.");
+        return;
+    }
+    requestSkin(preferredSkin.get());
+}
+
+// --- size --------------------------------------------------------------------------------------
+
+void BasePluginEditor::setEditorSize(int width, int height)
+{
+    panelHeight = height;
+    const int total = height + (statusBarVisible() ? DefaultLookAndFeel::statusBarHeight : 0);
+    setSize(width, total);
+    resized();
+    if (auto* wrapper = getParentComponent())
+        wrapper->setSize(width, total);
+}
+
+void BasePluginEditor::resized()
+{
+    statusBar.setVisible(statusBarVisible());
+    if (statusBarVisible())
+        statusBar.setBounds(0, panelHeight, getWidth(), DefaultLookAndFeel::statusBarHeight);
+    repaint();
+}
+
+void BasePluginEditor::paint(juce::Graphics& g)
+{
+    g.fillAll(juce::Colour(DefaultLookAndFeel::Colours::window));
+}
+
+// --- skins -------------------------------------------------------------------------------------
+
+juce::File BasePluginEditor::getSkinFile(const juce::String& name) const
+{
+    return skinsDirectory.getChildFile(name).withFileExtension(SkinPackage::fileExtension);
+}
+
+void BasePluginEditor::requestSkin(const juce::String& name)
+{
+    if (name.equalsIgnoreCase(currentSkin.get()))
+        return;
+    pendingSkin.set(name);
+    skinRequested = true;
+    // Hiding panels and the message happen on the message thread, in the update: a host may ask
+    // from its own thread while it restores a state.
+    triggerAsyncUpdate();
+}
+
+void BasePluginEditor::handleAsyncUpdate()
+{
+    if (skinRequested.exchange(false))
+    {
+        optionsWindow.hide();
+        if (mainPanel != nullptr)
+            mainPanel->setVisible(false);
+        statusBar.setLastingMessage(loadingMessage);
+        repaint();
+        // One more hop, so that the message paints before the load blocks the message thread.
+        triggerAsyncUpdate();
+        return;
+    }
+    settlePendingSkin();
+}
+
+void BasePluginEditor::settlePendingSkin()
+{
+    const auto pending = pendingSkin.get();
+    if (pending.isNotEmpty() && ! pending.equalsIgnoreCase(currentSkin.get()))
+        loadSkin(pending);
+}
+
+bool BasePluginEditor::loadSkin(const juce::String& name)
+{
+    SkinPackage package(&plugin, SkinPackage::packageFile, name, skinsDirectory);
+    auto panelComponent = package.createMainPanel();
+    auto* panel = dynamic_cast<GFXPanel*>(panelComponent.get());
+    if (panel == nullptr)
+        return false; // the old panel and name stay, as does the message
+    panelComponent.release();
+
+    if (floating != nullptr)
+        hideFloating(floating.getComponent(), nullptr);
+    if (mainPanel != nullptr)
+    {
+        mainPanel->removeMouseListener(this);
+        removeChildComponent(mainPanel.get());
+    }
+    midiActivity = nullptr;
+    mainPanel.reset(panel);
+    addChildComponent(*mainPanel);
+    mainPanel->toBack();
+    setEditorSize(mainPanel->getWidth(), mainPanel->getHeight());
+    static_cast<GUIController*>(mainPanel.get())->addListener(this);
+    mainPanel->addMouseListener(this, true);
+    currentSkin.set(name);
+    skinLoaded();
+    mainPanel->setVisible(true);
+    statusBar.clearMessage();
+    optionsWindow.setSize(560, int(float(panelHeight) * 0.8f));
+    return true;
+}
+
+void BasePluginEditor::skinLoaded()
+{
+    midiActivity = ComponentSearch::find<GFXAnimation>(*mainPanel, "MIDIActivity");
+    if (auto* name = ComponentSearch::find<TextInput>(*mainPanel, "PresetNameDisplay"))
+        name->addMouseListener(this, false);
+}
+
+// --- settings and state ------------------------------------------------------------------------
+
+std::unique_ptr<juce::XmlElement> BasePluginEditor::createUserSettings()
+{
+    auto element = std::make_unique<juce::XmlElement>(getSettingsTag());
+    element->setAttribute("presetChangeWarning", presetChangeWarning);
+    if (skinned)
+        element->createNewChildElement("Skin")->setAttribute("name", preferredSkin.get());
+    return element;
+}
+
+void BasePluginEditor::applyUserSettings(const juce::XmlElement& element)
+{
+    presetChangeWarning = element.getBoolAttribute("presetChangeWarning", presetChangeWarning);
+    if (auto* skin = element.getChildByName("Skin"))
+        preferredSkin.set(skin->getStringAttribute("name"));
+}
+
+std::unique_ptr<juce::XmlElement> BasePluginEditor::createStateXml()
+{
+    auto element = std::make_unique<juce::XmlElement>(getSettingsTag());
+    if (skinned)
+        element->createNewChildElement("Skin")->setAttribute("name", currentSkin.get());
+    return element;
+}
+
+void BasePluginEditor::applyStateXml(const juce::XmlElement& element)
+{
+    if (auto* skin = element.getChildByName("Skin"))
+        if (const auto name = skin->getStringAttribute("name"); name.isNotEmpty())
+            requestSkin(name);
+}
+
+// --- parameters, controls, status bar ------------------------------------------------------------
+
+void BasePluginEditor::parameterChanged(Parameter&) {}
+
+void BasePluginEditor::showParameterInStatusBar(Parameter& parameter)
+{
+    const auto text = parameter.getDisplayText();
+    if (text.isEmpty())
+        return;
+    const auto name = parameter.getName();
+    // "@" means the name says all.
+    statusBar.showMessage(text == "@" ? name : name + ": " + text, 6);
+}
+
+void BasePluginEditor::controllerValueChanged(GUIController& controller)
+{
+    if (auto* parameter = controller.getParameter())
+        showParameterInStatusBar(*parameter);
+}
+
+void BasePluginEditor::controllerEvent(GUIController& controller, int eventId)
+{
+    constexpr int optionsEvent = 1000, aboutEvent = 1001;
+    if (eventId == optionsEvent)
+    {
+        optionsWindow.show();
+        statusBar.clearMessage();
+    }
+    else if (eventId == aboutEvent)
+    {
+        showAbout();
+        statusBar.clearMessage();
+    }
+    else
+    {
+        plugin.handleEvent(eventId);
+    }
+    if (auto* parameter = controller.getParameter())
+        showParameterInStatusBar(*parameter);
+}
+
+bool BasePluginEditor::isInsideMainPanel(const juce::Component* component) const
+{
+    return mainPanel != nullptr && component != nullptr &&
+           (component == mainPanel.get() || mainPanel->isParentOf(component));
+}
+
+bool BasePluginEditor::resetParameter(const juce::MouseEvent& event, bool force)
+{
+    auto* controller = dynamic_cast<GUIController*>(event.originalComponent);
+    if (controller == nullptr || (! force && ! controller->resetsOnDoubleClick()))
+        return false;
+    auto* parameter = controller->getParameterAt(event, nullptr);
+    if (parameter == nullptr || ! plugin.resetParameterToDefault(parameter->getIndex()))
+        return false;
+    parameterWasReset(parameter->getIndex());
+    showParameterInStatusBar(*parameter);
+    return true;
+}
+
+void BasePluginEditor::mouseDown(const juce::MouseEvent& event)
+{
+    if (! isInsideMainPanel(event.originalComponent))
+        return;
+    const auto& mods = event.mods;
+    const bool leftAlone = mods.isLeftButtonDown() && ! mods.isRightButtonDown() && ! mods.isMiddleButtonDown();
+    if (leftAlone && mods.isShiftDown())
+        resetParameter(event, true);
+}
+
+void BasePluginEditor::mouseDoubleClick(const juce::MouseEvent& event)
+{
+    if (isInsideMainPanel(event.originalComponent) && event.mods.isLeftButtonDown())
+        resetParameter(event, false);
+}
+
+// --- floating panels and dialogs -------------------------------------------------------------------
+
+void BasePluginEditor::showFloating(juce::Component* panel, juce::Point<int> position, juce::Component* anchor,
+                                    FloatingComponentOwner* owner)
+{
+    if (panel == nullptr)
+        return;
+    if (floating != nullptr)
+        hideFloating(floating.getComponent(), nullptr);
+    addAndMakeVisible(panel);
+    panel->toFront(false);
+    panel->setTopLeftPosition(anchor != nullptr ? getLocalPoint(anchor, position) : position);
+    floating = panel;
+    floatingOwner = owner;
+    hider.armed = false;
+    addMouseListener(&hider, true);
+}
+
+void BasePluginEditor::hideFloating(juce::Component* panel, juce::Component* clicked)
+{
+    if (panel == nullptr || panel != floating.getComponent())
+        return;
+    panel->setVisible(false);
+    removeChildComponent(panel);
+    floating = nullptr;
+    removeMouseListener(&hider);
+    auto* owner = std::exchange(floatingOwner, nullptr);
+    if (owner != nullptr)
+        owner->floatingClosed(panel, clicked);
+}
+
+void BasePluginEditor::FloatingComponentHider::mouseDown(const juce::MouseEvent& event)
+{
+    auto* panel = editor.getFloating();
+    if (! armed || panel == nullptr)
+        return;
+    auto* clicked = event.originalComponent;
+    if (clicked != panel && ! panel->isParentOf(clicked))
+        editor.hideFloating(panel, clicked);
+}
+
+juce::Rectangle<int> BasePluginEditor::getFloatingWindowSize()
+{
+    return {int(float(getWidth()) * 0.8f), int(float(panelHeight) * 0.8f)};
+}
+
+std::unique_ptr<WindowComponent> BasePluginEditor::createAboutWindow()
+{
+    auto window = std::make_unique<WindowComponent>();
+    window->setTitle("About");
+    const auto size = getFloatingWindowSize();
+    window->setSize(size.getWidth(), size.getHeight());
+    return window;
+}
+
+void BasePluginEditor::showAbout()
+{
+    if (aboutWindow == nullptr)
+    {
+        aboutWindow = createAboutWindow();
+        addChildComponent(*aboutWindow);
+    }
+    aboutWindow->show();
+}
+
+// --- timer -----------------------------------------------------------------------------------------
+
+void BasePluginEditor::visibilityChanged()
+{
+    timerTick(isVisible());
+}
+
+void BasePluginEditor::timerTick(bool visible)
+{
+    if (visible && midiActivity != nullptr && plugin.getMidiActivity().exchange(0) == 1)
+        midiActivity->light(1, 175);
+}

@@ -1,0 +1,155 @@
+#pragma once
+
+// The editor: one component the plug-in makes at start-up and keeps for its whole life; the host's
+// window only wraps it. It shows the skin's main panel above a status bar, loads and switches
+// skins, hosts the dialogs and floating panels, and decides what a mouse gesture on a control means
+// beyond the control's own handling (Shift-click and double-click reset a parameter).
+
+#include "SkinName.h"
+#include "StatusBar.h"
+#include "gui/controls/GFXAnimation.h"
+#include "gui/core/FloatingPanelHost.h"
+#include "gui/core/GUIController.h"
+#include "gui/skin/GFXPanel.h"
+#include "gui/skin/SkinList.h"
+#include "gui/widgets/DefaultLookAndFeel.h"
+#include "gui/widgets/WindowComponent.h"
+
+#include <functional>
+#include <optional>
+
+class BasePlugin;
+
+/** Thread: message thread, except `requestSkin`, which any thread may call (a host restoring state
+    does so on its own thread): it only stores the name and triggers the asynchronous update. */
+class BasePluginEditor : public juce::Component,
+                         public juce::AsyncUpdater,
+                         public Parameter::Listener,
+                         public GUIController::Listener,
+                         public juce::Timer,
+                         public FloatingPanelHost,
+                         public ModalComponent::Desktop
+{
+public:
+    static constexpr int tickMilliseconds = 25;
+    static constexpr const char* loadingMessage = "Loading skin...";
+
+    BasePluginEditor(BasePlugin& plugin, bool skinned);
+    ~BasePluginEditor() override;
+
+    /** The second stage of construction: settings, skins. */
+    void initialise();
+
+    // Size.
+    /** The only way to change the size: the panel's height, plus the status bar below it. */
+    void setEditorSize(int width, int height);
+    int getPanelHeight() const noexcept { return panelHeight; }
+
+    // Skins.
+    /** Asks for a skin; returns at once. Any thread. */
+    void requestSkin(const juce::String& name);
+    /** Loads a skin now; false (with the old panel and name kept) when it gives no panel. */
+    bool loadSkin(const juce::String& name);
+    /** Loads the skin asked for if it differs from the one shown (the wrapper calls this as it opens). */
+    void settlePendingSkin();
+    juce::File getSkinFile(const juce::String& name) const;
+    juce::String getPreferredSkin() const { return preferredSkin.get(); }
+    void setPreferredSkin(const juce::String& name) { preferredSkin.set(name); }
+    juce::String getCurrentSkin() const { return currentSkin.get(); }
+    juce::String getPendingSkin() const { return pendingSkin.get(); }
+    const juce::File& getSkinsDirectory() const noexcept { return skinsDirectory; }
+    /** The skin list of the skins folder, made by `initialise`; null before. */
+    const SkinList* getSkinList() const noexcept { return skinList.get(); }
+    /** Where the first display's bounds come from when the default skin is chosen; tests set it. */
+    std::function<std::optional<juce::Rectangle<int>>()> firstDisplay = SkinList::firstDisplayBounds;
+    GFXPanel* getMainPanel() const noexcept { return mainPanel.get(); }
+
+    // Status bar and parameters.
+    StatusBar& getStatusBar() noexcept { return statusBar; }
+    void showParameterInStatusBar(Parameter& parameter);
+    /** Resets the parameter under a mouse event to its default: always with `force`, else only for a
+        control that resets on a double click. True when a parameter was reset. */
+    bool resetParameter(const juce::MouseEvent& event, bool force);
+
+    // Floating panels and dialogs.
+    void showFloating(juce::Component* panel, juce::Point<int> position, juce::Component* anchor,
+                      FloatingComponentOwner* owner) override;
+    void hideFloating(juce::Component* panel, juce::Component* clicked) override;
+    juce::Component* getFloating() const noexcept { return floating.getComponent(); }
+    /** What closes the open floating panel on a press outside it: a mouse listener of the whole
+        editor while a panel is open. */
+    juce::MouseListener& getFloatingHider() noexcept { return hider; }
+    juce::Rectangle<int> getDesktopArea() const override { return getLocalBounds(); }
+    WindowComponent& getOptionsWindow() noexcept { return optionsWindow; }
+    /** The about window, once shown; null before. */
+    WindowComponent* getAboutWindow() const noexcept { return aboutWindow.get(); }
+
+    // The editor's elements in the settings file and the state chunk.
+    virtual juce::String getSettingsTag() { return "Editor"; }
+    virtual bool isSettingsTag(const juce::XmlElement& element) { return element.hasTagName(getSettingsTag()); }
+    virtual std::unique_ptr<juce::XmlElement> createUserSettings();
+    virtual void applyUserSettings(const juce::XmlElement& element);
+    virtual std::unique_ptr<juce::XmlElement> createStateXml();
+    virtual void applyStateXml(const juce::XmlElement& element);
+    bool getPresetChangeWarning() const noexcept { return presetChangeWarning; }
+
+    // Listeners.
+    void parameterChanged(Parameter& parameter) override;
+    void controllerValueChanged(GUIController& controller) override;
+    void controllerEvent(GUIController& controller, int eventId) override;
+
+    void mouseDown(const juce::MouseEvent& event) override;
+    void mouseDoubleClick(const juce::MouseEvent& event) override;
+    void resized() override;
+    void paint(juce::Graphics& g) override;
+    void visibilityChanged() override;
+
+protected:
+    /** 40 times a second for the editor's life; `visible` while a window shows it. */
+    virtual void timerTick(bool visible);
+    virtual bool statusBarVisible() { return true; }
+    /** A skin was loaded: look up the well-known controls. */
+    virtual void skinLoaded();
+    virtual void parameterWasReset(int index) { (void)index; }
+    virtual std::unique_ptr<WindowComponent> createAboutWindow();
+    virtual juce::Rectangle<int> getFloatingWindowSize();
+
+    BasePlugin& plugin;
+    GFXAnimation* midiActivity = nullptr;
+
+private:
+    class FloatingComponentHider : public juce::MouseListener
+    {
+    public:
+        explicit FloatingComponentHider(BasePluginEditor& e) : editor(e) {}
+        void mouseUp(const juce::MouseEvent&) override { armed = true; }
+        void mouseDown(const juce::MouseEvent& event) override;
+        bool armed = false;
+
+    private:
+        BasePluginEditor& editor;
+    };
+
+    void handleAsyncUpdate() override;
+    void timerCallback() override { timerTick(isVisible()); }
+    void chooseSkinAtStart();
+    bool isInsideMainPanel(const juce::Component* component) const;
+    void showAbout();
+
+    const bool skinned;
+    DefaultLookAndFeel::Scope look;
+    FloatingComponentHider hider{*this};
+    StatusBar statusBar;
+    WindowComponent optionsWindow;
+    std::unique_ptr<WindowComponent> aboutWindow;
+    std::unique_ptr<GFXPanel> mainPanel;
+    int panelHeight = 0;
+    juce::Component::SafePointer<juce::Component> floating;
+    FloatingComponentOwner* floatingOwner = nullptr;
+    juce::File skinsDirectory;
+    std::unique_ptr<SkinList> skinList;
+    int skinFileCount = 0;
+    SkinName preferredSkin, currentSkin, pendingSkin;
+    std::atomic<bool> skinRequested{false};
+    bool presetChangeWarning = true;
+};
