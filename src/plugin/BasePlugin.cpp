@@ -177,6 +177,7 @@ void BasePlugin::finishInitialisation()
     }
 
     parameters->captureDefaults();
+    startEditor();
 
     presetSlots.setLoadingSlot(0);
     parameters->notifyAll();
@@ -188,6 +189,59 @@ void BasePlugin::finishInitialisation()
         if (const auto dump = XmlInput::parse(getStateDumpFile()))
             setState(*dump);
     }
+}
+
+namespace
+{
+/** Runs `work` on the message thread: at once when this is it (or when no message thread exists
+    yet, in which case this thread becomes it), else while holding the message thread's lock, as
+    JUCE's own plug-in wrappers do for their editors when a host builds or destroys a plug-in on
+    another thread. */
+template <typename Work> void onMessageThread(Work&& work)
+{
+    auto* messages = juce::MessageManager::getInstanceWithoutCreating();
+    if (messages == nullptr || messages->isThisTheMessageThread())
+    {
+        work();
+        return;
+    }
+    const juce::MessageManagerLock lock;
+    work();
+}
+} // namespace
+
+void BasePlugin::startEditor()
+{
+    if (editor != nullptr || editorGone)
+        return;
+    onMessageThread(
+        [this]
+        {
+            editor = createEditor();
+            if (editor == nullptr)
+                return;
+            editor->initialise();
+            editor->startTicking();
+        });
+}
+
+void BasePlugin::deleteEditor()
+{
+    editorGone = true;
+    if (editor == nullptr)
+        return;
+    onMessageThread(
+        [this]
+        {
+            editor->stopTicking();
+            editor.reset();
+        });
+}
+
+std::unique_ptr<juce::XmlElement> BasePlugin::readUserSettingsDocument()
+{
+    auto root = XmlInput::parse(getUserSettingsFile());
+    return root != nullptr && isUserSettings(*root) ? std::move(root) : nullptr;
 }
 
 void BasePlugin::beginTeardown()
@@ -240,6 +294,8 @@ void BasePlugin::writeUserSettings()
 {
     const auto root = settings.createXml(getCodeName(), qualityParameter != nullptr);
     writeExtraUserSettings(*root);
+    if (editor != nullptr)
+        root->addChildElement(editor->createUserSettings().release());
     // The last instance to close wins; a failed write is not reported (the next teardown tries again).
     (void)SafeFile::writeXml(getUserSettingsFile(), *root);
 
@@ -464,6 +520,8 @@ std::unique_ptr<juce::XmlElement> BasePlugin::createState()
     auto root = stateChunk.createDocument(getCodeName(), qualityParameter != nullptr);
     root->createNewChildElement("ParametersState")->addChildElement(createParametersStateXml().release());
     root->addChildElement(midiMap.createXml().release());
+    if (editor != nullptr)
+        root->addChildElement(editor->createStateXml().release());
     return root;
 }
 
@@ -486,6 +544,14 @@ void BasePlugin::setState(const juce::XmlElement& element)
     // A project brings its own MIDI map; a chunk without one leaves the map as it was.
     if (auto* map = element.getChildByName("MidiControlMap"))
         midiMap.readXml(map);
+
+    if (editor != nullptr)
+        for (auto* child : element.getChildIterator())
+            if (editor->isSettingsTag(*child))
+            {
+                editor->applyStateXml(*child);
+                break;
+            }
 }
 
 void BasePlugin::writeStateToBlock(juce::MemoryBlock& block)

@@ -12,6 +12,7 @@
 #include "FolderRule.h"
 #include "HostParameterMap.h"
 #include "MidiControlMap.h"
+#include "PluginEditor.h"
 #include "PresetSlots.h"
 #include "ProcessContext.h"
 #include "SoftwareDesignation.h"
@@ -29,6 +30,7 @@
 #include <atomic>
 
 class PluginAudioProcessor;
+class PluginEditor;
 
 /** Framework root of one plug-in instance.
     Thread: constructed, initialised, destroyed and asked for state on the host's thread (usually
@@ -81,8 +83,8 @@ public:
     virtual void process(ProcessContext& context) { (void)context; }
     virtual bool wantsTransport() { return false; }
     virtual bool wantsStateDump() { return false; }
-    /** The editor for the host's window, or null when the product has none. */
-    virtual juce::AudioProcessorEditor* createEditor() { return nullptr; }
+    /** The product's editor, made once at the end of start-up; null when the product has none. */
+    virtual std::unique_ptr<PluginEditor> createEditor() { return nullptr; }
     virtual juce::String getCodeName() const { return "BasePlugin"; }
     virtual juce::String getCodeLetters() const { return "XX"; }
     virtual bool isPluginState(const juce::XmlElement& element);
@@ -226,6 +228,20 @@ public:
 
     ParameterManager& getParameterManager() noexcept { return *parameters; }
     const ParameterManager& getParameterManager() const noexcept { return *parameters; }
+    /** The editor, alive from the end of start-up to teardown; null without one. */
+    PluginEditor* getEditor() const noexcept { return editor.get(); }
+    /** Deletes the editor (its tick stopped first) on the message thread; the second step of
+        teardown, after `beginTeardown`. Afterwards no editor is made or handed out. */
+    void deleteEditor();
+    bool isEditorGone() const noexcept { return editorGone; }
+    /** The settings file's document, or null when it is missing or not this product's. */
+    std::unique_ptr<juce::XmlElement> readUserSettingsDocument();
+
+private:
+    /** Makes the editor at the end of start-up, on the message thread, and starts its tick. */
+    void startEditor();
+
+public:
     /** Sets a parameter to the value it had when start-up ended, with notification. False when the
         index names no parameter or none was captured. */
     bool resetParameterToDefault(int index);
@@ -287,6 +303,8 @@ private:
     StateChunk stateChunk;
     MidiControlMap midiMap;
     std::atomic<int> midiActivity{0};
+    std::unique_ptr<PluginEditor> editor;
+    std::atomic<bool> editorGone{false};
     juce::MidiKeyboardState keyboardState;
 
     EventsMap events;

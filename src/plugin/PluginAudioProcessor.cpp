@@ -28,6 +28,7 @@ PluginAudioProcessor::~PluginAudioProcessor()
     // Settings first, while everything is still alive; then the editor; then the plug-in with its
     // manager and parameters.
     plugin->beginTeardown();
+    plugin->deleteEditor();
     plugin.reset();
 }
 
@@ -61,11 +62,47 @@ bool PluginAudioProcessor::isBusesLayoutSupported(const BusesLayout& layouts) co
     return plugin->isBusesLayoutSupported(layouts);
 }
 
+namespace
+{
+/** The component the host's window holds: a thin frame around the plug-in's one editor, which
+    lives as long as the plug-in. It takes the editor's size and follows it (a skin switch resizes
+    the host's window), and on closing hands the editor back undeleted. */
+class EditorWrapper : public juce::AudioProcessorEditor, private juce::ComponentListener
+{
+public:
+    EditorWrapper(juce::AudioProcessor& processor, PluginEditor& e) : juce::AudioProcessorEditor(processor), editor(e)
+    {
+        editor.settlePendingSkin();
+        auto& component = editor.getComponent();
+        addAndMakeVisible(component);
+        component.setTopLeftPosition(0, 0);
+        setSize(juce::jmax(1, component.getWidth()), juce::jmax(1, component.getHeight()));
+        component.addComponentListener(this);
+    }
+
+    ~EditorWrapper() override
+    {
+        auto& component = editor.getComponent();
+        component.removeComponentListener(this);
+        removeChildComponent(&component);
+    }
+
+private:
+    void componentMovedOrResized(juce::Component& component, bool, bool wasResized) override
+    {
+        if (wasResized)
+            setSize(juce::jmax(1, component.getWidth()), juce::jmax(1, component.getHeight()));
+    }
+
+    PluginEditor& editor;
+};
+} // namespace
+
 juce::AudioProcessorEditor* PluginAudioProcessor::createEditor()
 {
-    if (auto* editor = plugin->createEditor())
-        return editor;
-    // Until the skinned editor exists the host gets a generic list of the host parameters.
+    if (auto* editor = plugin->getEditor(); editor != nullptr && ! plugin->isEditorGone())
+        return new EditorWrapper(*this, *editor);
+    // A product without an editor of its own: the host gets a generic list of the host parameters.
     return new juce::GenericAudioProcessorEditor(*this);
 }
 

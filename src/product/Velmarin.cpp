@@ -1,6 +1,7 @@
 #include "Velmarin.h"
 
 #include "ProductPackageKey.h"
+#include "VelmarinEditor.h"
 #include "VelmarinParameterManager.h"
 #include "VelmarinResources.h"
 #include "engine/FrequencyReadout.h"
@@ -25,6 +26,11 @@ PluginResources Velmarin::getResources()
 std::unique_ptr<MarrowgateEffectCore> Velmarin::createEffectCore()
 {
     return std::make_unique<VelmarinCore>();
+}
+
+std::unique_ptr<PluginEditor> Velmarin::createEditor()
+{
+    return std::make_unique<VelmarinEditor>(*this);
 }
 
 void Velmarin::refreshBbdFrequencyDisplay()

@@ -42,6 +42,9 @@ public:
         text into "Current BBD Frequency" (empty while unprepared, bypassed or gated). Message thread. */
     void refreshBbdFrequencyDisplay();
 
+    /** Velmarin's skinned editor. */
+    std::unique_ptr<PluginEditor> createEditor() override;
+
 protected:
     std::unique_ptr<MarrowgateEffectCore> createEffectCore() override;
 };

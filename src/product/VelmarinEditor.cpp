@@ -1,14 +1,12 @@
 #include "VelmarinEditor.h"
 
-#include "engine/FrequencyReadout.h"
-#include "engine/VelmarinCore.h"
+#include "Velmarin.h"
 #include "engine/VelmarinParameterIndex.h"
 #include "gui/controls/GFXKnob.h"
 #include "gui/controls/GFXSwitch.h"
 #include "gui/core/ComponentSearch.h"
-#include "plugin/MarrowgateEffect.h"
 
-VelmarinEditor::VelmarinEditor(MarrowgateEffect& e) : MarrowgateEffectEditor(e) {}
+VelmarinEditor::VelmarinEditor(Velmarin& v) : MarrowgateEffectEditor(v), velmarin(v) {}
 
 void VelmarinEditor::skinLoaded()
 {
@@ -76,10 +74,5 @@ void VelmarinEditor::parameterChanged(Parameter& parameter)
 void VelmarinEditor::timerTick(bool visible)
 {
     MarrowgateEffectEditor::timerTick(visible);
-    float hertz = 0.0f;
-    if (effect.isPrepared())
-        if (auto* core = dynamic_cast<VelmarinCore*>(effect.getCore()))
-            hertz = core->currentBbdFrequency.load(std::memory_order_relaxed);
-    if (auto* readOut = plugin.getParameterManager().getParameter(VelmarinParameter::currentBbdFrequency))
-        readOut->setText(bbdFrequencyText(hertz), true);
+    velmarin.refreshBbdFrequencyDisplay();
 }

@@ -4,6 +4,7 @@
 
 class GFXKnob;
 class GFXSwitch;
+class Velmarin;
 
 /** Velmarin's editor. It shows the right channel's own controls while a link is off and their
     linked twins (bound to the left channel, which the right then follows) while it is on; the LFO
@@ -13,7 +14,7 @@ class GFXSwitch;
 class VelmarinEditor : public MarrowgateEffectEditor
 {
 public:
-    explicit VelmarinEditor(MarrowgateEffect& effect);
+    explicit VelmarinEditor(Velmarin& velmarin);
 
     void parameterChanged(Parameter& parameter) override;
 
@@ -25,6 +26,7 @@ private:
     /** Shows `shown` when the condition holds and `hidden` otherwise; either may be missing. */
     static void showEither(juce::Component* whenOff, juce::Component* whenOn, bool on);
 
+    Velmarin& velmarin;
     GFXPanel* freePanel = nullptr;
     GFXPanel* syncPanel = nullptr;
     GFXKnob *delayOffsetRight = nullptr, *lfoRateRight = nullptr, *lfoDepthRight = nullptr, *feedbackRight = nullptr;

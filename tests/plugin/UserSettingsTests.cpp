@@ -50,7 +50,7 @@ TEST_F(UserSettingsFile, FirstStartMakesTheFoldersAndTeardownWritesTheFile)
     juce::StringArray tags;
     for (auto* child : root->getChildIterator())
         tags.add(child->getTagName());
-    EXPECT_EQ(tags.joinIntoString(" "), "Presets MidiControlMap HostParametersMap DefaultProcessingQuality");
+    EXPECT_EQ(tags.joinIntoString(" "), "Presets MidiControlMap HostParametersMap DefaultProcessingQuality Editor");
     EXPECT_NE(root->getChildByName("Presets")->getChildByName("Author"), nullptr);
     for (auto* map : {"MidiControlMap", "HostParametersMap"})
     {

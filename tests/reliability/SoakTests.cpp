@@ -316,10 +316,11 @@ TEST(Soak, HostDrivenInstanceStaysFiniteBoundedAndOffTheHeap)
             --bypassBlocksLeft;
 
         // Posting a parameter's message may grow the message queue; that is the only heap call
-        // processBlock may make.
+        // processBlock may make (none when the queue still has room, as it may after the editor's
+        // own messages).
         const auto blockPosts = static_cast<size_t>(postCounter.posts);
         ASSERT_LT(blockPosts, queueGrowth.size());
-        ASSERT_EQ(calls, queueGrowth[blockPosts])
+        ASSERT_LE(calls, queueGrowth[blockPosts])
             << "heap calls in processBlock beyond the message posts, block " << blocks << ", " << numSamples
             << " samples, " << blockPosts << " posts";
         heapCalls += calls;
@@ -369,7 +370,7 @@ TEST(Soak, HostDrivenInstanceStaysFiniteBoundedAndOffTheHeap)
         "largest |output| / (1 + recent input peak): %.1f\n",
         audioSeconds, static_cast<unsigned long long>(blocks), static_cast<unsigned long long>(heapCalls),
         static_cast<unsigned long long>(posts), worstOutputRatio);
-    EXPECT_EQ(heapCalls, heapCallsForPosts);
+    EXPECT_LE(heapCalls, heapCallsForPosts);
 
     // The cost per sample must not creep up over a long run. The mix of rates, settings and
     // signals is the same in every minute, so the medians stay close; 4x is far below what a

@@ -31,6 +31,13 @@ BasePluginEditor::~BasePluginEditor()
 
 void BasePluginEditor::initialise()
 {
+    if (const auto settings = plugin.readUserSettingsDocument())
+        for (auto* child : settings->getChildIterator())
+            if (isSettingsTag(*child))
+            {
+                applyUserSettings(*child);
+                break;
+            }
     if (! skinned)
         return;
     skinsDirectory = plugin.getDataDirectory().getChildFile("Skins");
@@ -42,8 +49,11 @@ void BasePluginEditor::initialise()
 void BasePluginEditor::chooseSkinAtStart()
 {
     const auto preferred = preferredSkin.get();
-    if (preferred.isEmpty() || ! getSkinFile(preferred).existsAsFile())
+    // The display is asked only when there is a choice to make.
+    if ((preferred.isEmpty() || ! getSkinFile(preferred).existsAsFile()) && ! skinList->getRows().empty())
         preferredSkin.set(skinList->defaultSkin(firstDisplay ? firstDisplay() : std::nullopt));
+    else if (preferred.isNotEmpty() && ! getSkinFile(preferred).existsAsFile())
+        preferredSkin.set({});
     if (preferredSkin.get().isEmpty())
     {
         statusBar.setLastingMessage("Plugin skins not found in directory: '" + skinsDirectory.getFullPathName() +

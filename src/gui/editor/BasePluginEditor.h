@@ -14,6 +14,7 @@
 #include "gui/skin/SkinList.h"
 #include "gui/widgets/DefaultLookAndFeel.h"
 #include "gui/widgets/WindowComponent.h"
+#include "plugin/PluginEditor.h"
 
 #include <functional>
 #include <optional>
@@ -28,7 +29,8 @@ class BasePluginEditor : public juce::Component,
                          public GUIController::Listener,
                          public juce::Timer,
                          public FloatingPanelHost,
-                         public ModalComponent::Desktop
+                         public ModalComponent::Desktop,
+                         public PluginEditor
 {
 public:
     static constexpr int tickMilliseconds = 25;
@@ -38,7 +40,10 @@ public:
     ~BasePluginEditor() override;
 
     /** The second stage of construction: settings, skins. */
-    void initialise();
+    void initialise() override;
+    juce::Component& getComponent() override { return *this; }
+    void startTicking() override { startTimer(tickMilliseconds); }
+    void stopTicking() override { stopTimer(); }
 
     // Size.
     /** The only way to change the size: the panel's height, plus the status bar below it. */
@@ -51,7 +56,7 @@ public:
     /** Loads a skin now; false (with the old panel and name kept) when it gives no panel. */
     bool loadSkin(const juce::String& name);
     /** Loads the skin asked for if it differs from the one shown (the wrapper calls this as it opens). */
-    void settlePendingSkin();
+    void settlePendingSkin() override;
     juce::File getSkinFile(const juce::String& name) const;
     juce::String getPreferredSkin() const { return preferredSkin.get(); }
     void setPreferredSkin(const juce::String& name) { preferredSkin.set(name); }
@@ -86,11 +91,11 @@ public:
 
     // The editor's elements in the settings file and the state chunk.
     virtual juce::String getSettingsTag() { return "Editor"; }
-    virtual bool isSettingsTag(const juce::XmlElement& element) { return element.hasTagName(getSettingsTag()); }
-    virtual std::unique_ptr<juce::XmlElement> createUserSettings();
-    virtual void applyUserSettings(const juce::XmlElement& element);
-    virtual std::unique_ptr<juce::XmlElement> createStateXml();
-    virtual void applyStateXml(const juce::XmlElement& element);
+    bool isSettingsTag(const juce::XmlElement& element) override { return element.hasTagName(getSettingsTag()); }
+    std::unique_ptr<juce::XmlElement> createUserSettings() override;
+    void applyUserSettings(const juce::XmlElement& element) override;
+    std::unique_ptr<juce::XmlElement> createStateXml() override;
+    void applyStateXml(const juce::XmlElement& element) override;
     bool getPresetChangeWarning() const noexcept { return presetChangeWarning; }
 
     // Listeners.

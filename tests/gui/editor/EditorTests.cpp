@@ -4,6 +4,7 @@
 #include "gui/core/ComponentSearch.h"
 #include "gui/editor/BasePluginEditor.h"
 #include "gui/skin/TestSkin.h"
+#include "product/VelmarinProcessor.h"
 
 #include <thread>
 
@@ -198,4 +199,45 @@ TEST_F(Editor, OneFloatingPanelAtATimeAndStatusMessagesByPriority)
         juce::Thread::sleep(20);
     }
     EXPECT_EQ(bar.getMessage(), "") << "cleared three seconds after its last change";
+}
+
+// A host may build and destroy a plug-in on a thread of its own; the editor's components, timer and
+// asynchronous updates are made and deleted on the message thread meanwhile, which keeps running.
+TEST(EditorThreads, APluginBuiltAndDestroyedOnAnotherThreadMakesItsEditorOnTheMessageThread)
+{
+    const testsupport::TemporaryFolder folder("threads");
+    std::unique_ptr<VelmarinProcessor> processor;
+    std::atomic<int> stage{0};
+    std::thread host(
+        [&]
+        {
+            processor = std::make_unique<VelmarinProcessor>(FolderRule::fixed(folder / "user", folder / "data"));
+            stage = 1;
+            while (stage == 1)
+                juce::Thread::sleep(1);
+            processor.reset();
+            stage = 3;
+        });
+    // The message thread runs its loop until the host's thread reaches a stage (or 20 s pass).
+    const auto deadline = juce::Time::getMillisecondCounter() + 20000;
+    const auto runMessagesUntil = [&](int wanted)
+    {
+        while (stage != wanted && juce::Time::getMillisecondCounter() < deadline)
+            if (! juce::dispatchNextMessageOnSystemQueue(true))
+                juce::Thread::sleep(1);
+    };
+    runMessagesUntil(1);
+    ASSERT_EQ(stage.load(), 1)
+        << "start-up did not finish: the message thread and the host's thread wait on each other";
+    auto* editor = processor->getPlugin().getEditor();
+    ASSERT_NE(editor, nullptr);
+    EXPECT_NE(dynamic_cast<BasePluginEditor*>(editor), nullptr);
+    std::unique_ptr<juce::AudioProcessorEditor> window(processor->createEditor());
+    EXPECT_EQ(window->getWidth(), editor->getComponent().getWidth()) << "the window takes the editor's size";
+    window.reset();
+    EXPECT_NE(processor->getPlugin().getEditor(), nullptr) << "closing the window leaves the editor";
+    stage = 2;
+    runMessagesUntil(3);
+    host.join();
+    EXPECT_EQ(stage.load(), 3);
 }

@@ -6,6 +6,7 @@
 #include "gui/core/ComponentSearch.h"
 #include "gui/skin/TestSkin.h"
 #include "plugin/MarrowgateEffect.h"
+#include "product/Velmarin.h"
 #include "product/VelmarinEditor.h"
 
 namespace
@@ -50,7 +51,7 @@ protected:
 
     std::unique_ptr<VelmarinEditor> open()
     {
-        auto editor = std::make_unique<VelmarinEditor>(dynamic_cast<MarrowgateEffect&>(plugin()));
+        auto editor = std::make_unique<VelmarinEditor>(dynamic_cast<Velmarin&>(plugin()));
         editor->firstDisplay = [] { return std::optional<juce::Rectangle<int>>(); };
         editor->initialise();
         testsupport::dispatchPendingMessages();
