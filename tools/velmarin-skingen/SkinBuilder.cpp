@@ -295,7 +295,7 @@ void decorate(juce::Graphics& g, const Placement& p, juce::Point<int> origin, co
                 g.setColour(db == 0 ? juce::Colour(SkinArt::Colours::accent) : juce::Colour(SkinArt::Colours::caption));
                 g.fillRect(int(r.getRight()) + 3, y, juce::jmax(3, size.size(4.0f)), 1);
                 g.drawText(db > 0 ? "+" + juce::String(db) : juce::String(db),
-                           juce::Rectangle<float>(r.getRight() + 4.0f + float(size.size(4.0f)), float(y) - textHeight,
+                           juce::Rectangle<float>(r.getRight() + 6.0f + float(size.size(4.0f)), float(y) - textHeight,
                                                   textHeight * 2.4f, textHeight * 2.0f),
                            juce::Justification::centredLeft, false);
             }
