@@ -27,18 +27,7 @@ void GFXDisplay::load(const juce::XmlElement& element, SkinContext& skin)
         charCount = fontHeight > 0 ? glyphs.getHeight() / (2 * fontHeight) : 0;
         lastChar = firstChar + charCount - 1;
     }
-    int width = 0, height = 0, x = 0, y = 0;
-    if (auto* size = SkinXml::child(element, "size"))
-    {
-        width = juce::jlimit(0, 16384, SkinXml::integer(*size, "width", 0));
-        height = juce::jlimit(0, 16384, SkinXml::integer(*size, "height", 0));
-    }
-    if (auto* pos = SkinXml::child(element, "pos"))
-    {
-        x = juce::jlimit(-16384, 16384, SkinXml::integer(*pos, "left", 0));
-        y = juce::jlimit(-16384, 16384, SkinXml::integer(*pos, "top", 0));
-    }
-    setBounds(x, y, width, height);
+    setBounds(SkinXml::bounds(element));
 }
 
 void GFXDisplay::updateFromParameter(Parameter& p)

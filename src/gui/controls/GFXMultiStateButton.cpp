@@ -9,10 +9,7 @@ GFXMultiStateButton::GFXMultiStateButton(const juce::String& name) : juce::Butto
 void GFXMultiStateButton::load(const juce::XmlElement& element, SkinContext& skin)
 {
     GUIController::load(element, skin);
-    if (auto* pos = SkinXml::child(element, "pos"))
-        setPosition(SkinXml::integer(*pos, "left", 0), SkinXml::integer(*pos, "top", 0));
-    if (auto* size = SkinXml::child(element, "size"))
-        setFrameSize(SkinXml::integer(*size, "width", 0), SkinXml::integer(*size, "height", 0));
+    readPlacement(element);
     if (element.getTagName().equalsIgnoreCase("MultiStateButton"))
     {
         look = element.getStringAttribute("style", "2D") == "3D" ? 1 : 0;

@@ -13,10 +13,7 @@ GFXToggleButton::GFXToggleButton(const juce::String& name) : juce::Button(name)
 void GFXToggleButton::load(const juce::XmlElement& element, SkinContext& skin)
 {
     GUIController::load(element, skin);
-    if (auto* pos = SkinXml::child(element, "pos"))
-        setPosition(SkinXml::integer(*pos, "left", 0), SkinXml::integer(*pos, "top", 0));
-    if (auto* size = SkinXml::child(element, "size"))
-        setFrameSize(SkinXml::integer(*size, "width", 0), SkinXml::integer(*size, "height", 0));
+    readPlacement(element);
     paramReset = false;
     if (element.getTagName().equalsIgnoreCase("ToggleButton"))
     {

@@ -21,17 +21,8 @@ ImageComboBox::~ImageComboBox()
 
 void ImageComboBox::loadFromSkin(const juce::XmlElement& element, SkinContext& skin)
 {
-    int width = 0, height = 0, x = 0, y = 0;
-    if (auto* pos = SkinXml::child(element, "pos"))
-    {
-        x = juce::jlimit(-16384, 16384, SkinXml::integer(*pos, "left", 0));
-        y = juce::jlimit(-16384, 16384, SkinXml::integer(*pos, "top", 0));
-    }
-    if (auto* size = SkinXml::child(element, "size"))
-    {
-        width = juce::jlimit(0, 16384, SkinXml::integer(*size, "width", 0));
-        height = juce::jlimit(0, 16384, SkinXml::integer(*size, "height", 0));
-    }
+    const auto position = SkinXml::position(element);
+    auto [width, height] = SkinXml::size(element, 0, 0);
     if (auto* gfx = SkinXml::child(element, "gfx"))
     {
         frames = juce::jmax(1, SkinXml::integer(*gfx, "framesNum", 1));
@@ -55,7 +46,7 @@ void ImageComboBox::loadFromSkin(const juce::XmlElement& element, SkinContext& s
     }
     if (auto* paramElement = SkinXml::child(element, "param"); paramElement != nullptr && skin.getPlugin() != nullptr)
         addParameter(skin.getPlugin()->getParameterManager().getParameter(paramElement->getStringAttribute("name")));
-    setBounds(x, y, width, height);
+    setBounds(position.x, position.y, width, height);
 }
 
 bool ImageComboBox::acceptsParameter(Parameter& p)

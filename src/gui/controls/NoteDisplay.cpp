@@ -36,20 +36,8 @@ void NoteDisplay::load(const juce::XmlElement& element, SkinContext& skin)
                     strip->height = strip->image.getHeight() / strip->frames;
                 }
             }
-    int width = notes.width + tones.width + octaves.width;
-    int height = juce::jmax(notes.height, tones.height, octaves.height);
-    if (auto* size = SkinXml::child(element, "size"))
-    {
-        width = juce::jlimit(0, 16384, SkinXml::integer(*size, "width", width));
-        height = juce::jlimit(0, 16384, SkinXml::integer(*size, "height", height));
-    }
-    int x = 0, y = 0;
-    if (auto* pos = SkinXml::child(element, "pos"))
-    {
-        x = juce::jlimit(-16384, 16384, SkinXml::integer(*pos, "left", 0));
-        y = juce::jlimit(-16384, 16384, SkinXml::integer(*pos, "top", 0));
-    }
-    setBounds(x, y, width, height);
+    setBounds(SkinXml::bounds(element, notes.width + tones.width + octaves.width,
+                              juce::jmax(notes.height, tones.height, octaves.height)));
 }
 
 void NoteDisplay::updateFromParameter(Parameter& p)
@@ -89,11 +77,7 @@ void NoteDisplay::mouseDown(const juce::MouseEvent&)
     if (! editable || ! isEnabled())
         return;
     dragging = true;
-    if (parameter != nullptr && ! suspended)
-    {
-        parameter->beginChange();
-        notifyDragStarted();
-    }
+    beginUserGesture();
     startNote = note;
 }
 
@@ -119,9 +103,5 @@ void NoteDisplay::mouseUp(const juce::MouseEvent&)
     if (! dragging)
         return;
     dragging = false;
-    if (parameter != nullptr && ! suspended)
-    {
-        parameter->endChange();
-        notifyDragEnded();
-    }
+    endUserGesture();
 }

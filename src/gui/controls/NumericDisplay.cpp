@@ -105,21 +105,10 @@ void NumericDisplay::load(const juce::XmlElement& element, SkinContext& skin)
         digit->setImage(digitImage);
 
     const int cells = digitsCount + (sign != nullptr ? 1 : 0);
-    int width = 10 * cells, height = 16;
-    if (auto* size = SkinXml::child(element, "size"))
-    {
-        width = juce::jlimit(0, 16384, SkinXml::integer(*size, "width", 0));
-        height = juce::jlimit(0, 16384, SkinXml::integer(*size, "height", 0));
-    }
-    digitWidth = width / cells;
-    digitHeight = digitImage.isValid() ? digitImage.getHeight() / 10 : height;
-    int x = 0, y = 0;
-    if (auto* pos = SkinXml::child(element, "pos"))
-    {
-        x = juce::jlimit(-16384, 16384, SkinXml::integer(*pos, "left", 0));
-        y = juce::jlimit(-16384, 16384, SkinXml::integer(*pos, "top", 0));
-    }
-    setBounds(x, y, width, height);
+    const auto area = SkinXml::bounds(element, 10 * cells, 16);
+    digitWidth = area.getWidth() / cells;
+    digitHeight = digitImage.isValid() ? digitImage.getHeight() / 10 : area.getHeight();
+    setBounds(area);
     setValue(value, false);
 }
 
@@ -183,11 +172,7 @@ void NumericDisplay::mouseDown(const juce::MouseEvent& event)
     if (! editable || ! isEnabled())
         return;
     dragging = true;
-    if (parameter != nullptr && ! suspended)
-    {
-        parameter->beginChange();
-        notifyDragStarted();
-    }
+    beginUserGesture();
     valueAtDown = value;
     // The digit under the pointer, counted over the whole width as the display always has.
     const int width = juce::jmax(1, getWidth());
@@ -209,9 +194,5 @@ void NumericDisplay::mouseUp(const juce::MouseEvent&)
     if (! dragging)
         return;
     dragging = false;
-    if (parameter != nullptr && ! suspended)
-    {
-        parameter->endChange();
-        notifyDragEnded();
-    }
+    endUserGesture();
 }

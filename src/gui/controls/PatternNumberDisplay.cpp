@@ -37,19 +37,7 @@ void PatternNumberDisplay::load(const juce::XmlElement& element, SkinContext& sk
         for (int i = 0; i < 4; ++i)
             digits[size_t(i)]->setStrip(skin.getImage(gfx->getStringAttribute(words[i])), framesOf[i]);
     }
-    int width = 100, height = 40;
-    if (auto* size = SkinXml::child(element, "size"))
-    {
-        width = juce::jlimit(0, 16384, SkinXml::integer(*size, "width", 0));
-        height = juce::jlimit(0, 16384, SkinXml::integer(*size, "height", 0));
-    }
-    int x = 0, y = 0;
-    if (auto* pos = SkinXml::child(element, "pos"))
-    {
-        x = juce::jlimit(-16384, 16384, SkinXml::integer(*pos, "left", 0));
-        y = juce::jlimit(-16384, 16384, SkinXml::integer(*pos, "top", 0));
-    }
-    setBounds(x, y, width, height);
+    setBounds(SkinXml::bounds(element, 100, 40));
     setValue(shownValue);
 }
 

@@ -60,18 +60,7 @@ void TextInput::load(const juce::XmlElement& element, SkinContext& skin)
     colourWord("outlineColour", outlineColour);
     colourWord("focusedOutlineColour", focusedOutlineColour);
 
-    int width = 0, height = 0, x = 0, y = 0;
-    if (auto* size = SkinXml::child(element, "size"))
-    {
-        width = juce::jlimit(0, 16384, SkinXml::integer(*size, "width", 0));
-        height = juce::jlimit(0, 16384, SkinXml::integer(*size, "height", 0));
-    }
-    if (auto* pos = SkinXml::child(element, "pos"))
-    {
-        x = juce::jlimit(-16384, 16384, SkinXml::integer(*pos, "left", 0));
-        y = juce::jlimit(-16384, 16384, SkinXml::integer(*pos, "top", 0));
-    }
-    setBounds(x, y, width, height);
+    setBounds(SkinXml::bounds(element));
 }
 
 void TextInput::updateFromParameter(Parameter& p)

@@ -15,6 +15,17 @@ void BaseGFXController::load(const juce::XmlElement& element, SkinContext& skin)
         setPosition(SkinXml::integer(*pos, "left", 0), SkinXml::integer(*pos, "top", 0));
 }
 
+void BaseGFXController::readPlacement(const juce::XmlElement& element)
+{
+    const auto position = SkinXml::position(element);
+    setPosition(position.x, position.y);
+    if (SkinXml::child(element, "size") != nullptr)
+    {
+        const auto size = SkinXml::size(element, 0, 0);
+        setFrameSize(size.x, size.y);
+    }
+}
+
 int BaseGFXController::frameOf(double value, int count)
 {
     if (count <= 1 || ! (value > 0.0))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "GUIController.h"
+#include "SkinXml.h"
 
 /** What image-based controls share: a filmstrip of frames stacked from top to bottom, the size of
     one frame, and the control's position in its panel. Thread: message thread. */
@@ -18,7 +19,7 @@ public:
     void load(const juce::XmlElement& element, SkinContext& skin) override;
 
     /** The largest size and position a skin can give a control, in pixels. */
-    static constexpr int maximumExtent = 16384;
+    static constexpr int maximumExtent = SkinXml::maximumExtent;
 
     /** The frame of a value 0..1 in a strip of `count` frames: floor(v x (count - 1) + 0.5). */
     static int frameOf(double value, int count);
@@ -42,6 +43,8 @@ protected:
     void setFilmstrip(const juce::Image& strip, int frameCount);
     /** Sets the frame size of a control without an image; calls sizeChanged on a change. */
     void setFrameSize(int newWidth, int newHeight);
+    /** Takes `pos` and `size` as they stand (for buttons whose strip comes later). */
+    void readPlacement(const juce::XmlElement& element);
     /** Sets the position; calls positionChanged on a change. */
     void setPosition(int newLeft, int newTop);
 

@@ -85,6 +85,22 @@ void GUIController::fireEvent(int eventId)
     callListeners([this, eventId](Listener& l) { l.controllerEvent(*this, eventId); });
 }
 
+void GUIController::beginUserGesture()
+{
+    if (parameter == nullptr || suspended)
+        return;
+    parameter->beginChange();
+    notifyDragStarted();
+}
+
+void GUIController::endUserGesture()
+{
+    if (parameter == nullptr || suspended)
+        return;
+    parameter->endChange();
+    notifyDragEnded();
+}
+
 void GUIController::notifyDragStarted()
 {
     callListeners([this](Listener& l) { l.controllerDragStarted(*this); });

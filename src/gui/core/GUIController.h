@@ -69,6 +69,10 @@ public:
     void notifyValueChanged();
     /** Tells the listeners, last first, that an event fired. */
     void fireEvent(int eventId);
+    /** A user edit starts or ends: the bound parameter's gesture opens or closes and the listeners
+        hear of it (nothing while suspended or unbound). */
+    void beginUserGesture();
+    void endUserGesture();
     /** Tells the listeners, last first, that a gesture started or ended. */
     void notifyDragStarted();
     void notifyDragEnded();

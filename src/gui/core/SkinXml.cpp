@@ -36,4 +36,27 @@ bool boolean(const juce::XmlElement& element, const juce::String& attribute, boo
     const auto text = element.getStringAttribute(attribute).trim();
     return text.equalsIgnoreCase("true") || text.equalsIgnoreCase("yes") || text == "1";
 }
+juce::Point<int> size(const juce::XmlElement& element, int defaultWidth, int defaultHeight)
+{
+    auto* sizeElement = child(element, "size");
+    if (sizeElement == nullptr)
+        return {defaultWidth, defaultHeight};
+    return {juce::jlimit(0, maximumExtent, integer(*sizeElement, "width", 0)),
+            juce::jlimit(0, maximumExtent, integer(*sizeElement, "height", 0))};
+}
+
+juce::Point<int> position(const juce::XmlElement& element)
+{
+    auto* pos = child(element, "pos");
+    if (pos == nullptr)
+        return {};
+    return {juce::jlimit(-maximumExtent, maximumExtent, integer(*pos, "left", 0)),
+            juce::jlimit(-maximumExtent, maximumExtent, integer(*pos, "top", 0))};
+}
+
+juce::Rectangle<int> bounds(const juce::XmlElement& element, int defaultWidth, int defaultHeight)
+{
+    const auto extent = size(element, defaultWidth, defaultHeight);
+    return {position(element), position(element) + extent};
+}
 } // namespace SkinXml
