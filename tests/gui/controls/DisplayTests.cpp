@@ -75,6 +75,7 @@ protected:
 
 TEST_F(Displays, NumericDisplaysWeighBlankAndDragTheirDigits)
 {
+    FloatParameter level(0, "Level", -50.0f, 500.0f, 0.0f); // outlives the display bound to it
     NumericDisplay display("Value");
     display.load(*xml(R"(<NumericDisplay digitsNum="4" firstDigitOrder="100" minValue="-50" maxValue="500">
                            <size width="100" height="20"/></NumericDisplay>)"),
@@ -99,7 +100,6 @@ TEST_F(Displays, NumericDisplaysWeighBlankAndDragTheirDigits)
 
     // A vertical drag on the digit under the pointer: 10 pixels up add one step, 9 change nothing,
     // and the whole drag is one gesture that writes through setFloat.
-    FloatParameter level(0, "Level", -50.0f, 500.0f, 0.0f);
     guitest::ParameterCounter counter;
     level.addListener(&counter);
     display.connectParameter(&level);
