@@ -68,8 +68,8 @@ void ImageMidiKeyboard::load(const juce::XmlElement& element, SkinContext& skin)
             if (note > 127)
                 break;
             auto& key = keys[size_t(note++)];
-            key.left = SkinXml::integer(*record, "left", 0);
-            key.right = SkinXml::integer(*record, "right", 0);
+            key.left = extent(SkinXml::integer(*record, "left", 0));
+            key.right = extent(SkinXml::integer(*record, "right", 0));
             auto* gfx = SkinXml::child(*record, "gfx");
             if (gfx == nullptr)
                 continue;
@@ -92,8 +92,8 @@ void ImageMidiKeyboard::load(const juce::XmlElement& element, SkinContext& skin)
             if (pos != nullptr)
             {
                 // Skins place key pictures in the panel's coordinates.
-                key.x = extent(SkinXml::integer(*pos, "left", 0) - bounds.getX());
-                key.y = extent(SkinXml::integer(*pos, "top", 0) - bounds.getY());
+                key.x = extent(extent(SkinXml::integer(*pos, "left", 0)) - bounds.getX());
+                key.y = extent(extent(SkinXml::integer(*pos, "top", 0)) - bounds.getY());
             }
         }
     }

@@ -131,8 +131,9 @@ void MixerController::loadFromSkin(const juce::XmlElement& element, SkinContext&
     if (element.hasAttribute("gaps"))
     {
         const auto gaps = juce::StringArray::fromTokens(element.getStringAttribute("gaps"), ";", {});
-        firstGap = gaps[0].getIntValue();
-        secondGap = gaps[1].getIntValue();
+        // Held like every size a skin gives, so that no sum of gaps overflows.
+        firstGap = juce::jlimit(-SkinXml::maximumExtent, SkinXml::maximumExtent, gaps[0].getIntValue());
+        secondGap = juce::jlimit(-SkinXml::maximumExtent, SkinXml::maximumExtent, gaps[1].getIntValue());
     }
 
     if (auto* list = SkinXml::child(element, "parameters"); list != nullptr && skin.getPlugin() != nullptr)
