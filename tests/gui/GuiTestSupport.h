@@ -7,12 +7,29 @@
 #include "gui/core/SkinContext.h"
 #include "gui/widgets/DefaultLookAndFeel.h"
 #include "gui/widgets/ModalComponent.h"
+#include "io/XmlInput.h"
+
+#include <gtest/gtest.h>
 
 #include <map>
 #include <optional>
 
 namespace guitest
 {
+/** Mouse buttons and keys held during a synthesised event. */
+inline const juce::ModifierKeys left(juce::ModifierKeys::leftButtonModifier);
+inline const juce::ModifierKeys altLeft(juce::ModifierKeys::leftButtonModifier | juce::ModifierKeys::altModifier);
+inline const juce::ModifierKeys shiftLeft(juce::ModifierKeys::leftButtonModifier | juce::ModifierKeys::shiftModifier);
+inline const juce::ModifierKeys right(juce::ModifierKeys::rightButtonModifier);
+
+/** A skin document's element parsed as the panel builder parses it; a test fails on bad text. */
+inline std::unique_ptr<juce::XmlElement> xml(const juce::String& text)
+{
+    auto element = XmlInput::parse(text);
+    EXPECT_NE(element, nullptr) << text;
+    return element;
+}
+
 /** What the editor is to its dialogs: the root that hosts their covers. */
 class TestDesktop : public juce::Component, public ModalComponent::Desktop
 {

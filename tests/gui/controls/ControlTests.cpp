@@ -11,18 +11,13 @@
 
 using guitest::TestSkinContext;
 
+using guitest::left;
+using guitest::right;
+using guitest::shiftLeft;
+using guitest::xml;
+
 namespace
 {
-std::unique_ptr<juce::XmlElement> xml(const juce::String& text)
-{
-    auto element = XmlInput::parse(text);
-    EXPECT_NE(element, nullptr) << text;
-    return element;
-}
-
-const juce::ModifierKeys left(juce::ModifierKeys::leftButtonModifier);
-const juce::ModifierKeys shiftLeft(juce::ModifierKeys::leftButtonModifier | juce::ModifierKeys::shiftModifier);
-const juce::ModifierKeys right(juce::ModifierKeys::rightButtonModifier);
 
 class Controls : public guitest::VelmarinFixture
 {

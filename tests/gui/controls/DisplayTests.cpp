@@ -16,15 +16,11 @@
 
 using guitest::TestSkinContext;
 
+using guitest::left;
+using guitest::xml;
+
 namespace
 {
-std::unique_ptr<juce::XmlElement> xml(const juce::String& text)
-{
-    auto element = XmlInput::parse(text);
-    EXPECT_NE(element, nullptr) << text;
-    return element;
-}
-
 /** The digits a numeric display shows, blanks as "_". */
 juce::String shown(const NumericDisplay& display)
 {

@@ -72,7 +72,7 @@ struct CountingEar : GUIController::Listener
 
 TEST_F(PanelBuilder, TheSkinThatUsesEveryWordBuildsItsTree)
 {
-    const auto panel = loadMainPanel(everyWordSkin());
+    auto panel = loadMainPanel(everyWordSkin());
     ASSERT_NE(panel, nullptr);
     EXPECT_EQ(panel->getName(), "MainEditorPanel");
     EXPECT_EQ(panel->getBounds(), juce::Rectangle<int>(0, 0, 400, 200)) << "the background decides the size";
@@ -116,9 +116,9 @@ TEST_F(PanelBuilder, TheSkinThatUsesEveryWordBuildsItsTree)
     EXPECT_EQ(guitest::shownFrame(*lowCut), 63);
 
     // Another skin comes: the old panel goes, and no parameter keeps a listener of it.
-    const auto* oldAmount = amount;
-    const_cast<std::unique_ptr<juce::Component>&>(panel).reset();
-    EXPECT_FALSE(parameter("FX Amount").hasAsyncListener(const_cast<GFXKnob*>(oldAmount)));
+    auto* oldAmount = amount;
+    panel.reset();
+    EXPECT_FALSE(parameter("FX Amount").hasAsyncListener(oldAmount));
 }
 
 TEST_F(PanelBuilder, MalformedSkinsLoadWithoutACrash)

@@ -8,17 +8,18 @@
 
 using guitest::mouseAt;
 
+using guitest::altLeft;
+using guitest::left;
+using guitest::right;
+using guitest::shiftLeft;
+
 namespace
 {
-const juce::ModifierKeys left(juce::ModifierKeys::leftButtonModifier);
-const juce::ModifierKeys altLeft(juce::ModifierKeys::leftButtonModifier | juce::ModifierKeys::altModifier);
-const juce::ModifierKeys shiftLeft(juce::ModifierKeys::leftButtonModifier | juce::ModifierKeys::shiftModifier);
-const juce::ModifierKeys right(juce::ModifierKeys::rightButtonModifier);
 
-class SpecialControls : public guitest::VelmarinFixture
+class CompositeControls : public guitest::VelmarinFixture
 {
 protected:
-    SpecialControls()
+    CompositeControls()
     {
         skin.images["Slider.png"] = guitest::strip(10, 40, 5);
         skin.images["Display.png"] = guitest::strip(10, 8, 5);
@@ -56,7 +57,7 @@ protected:
 const juce::String threeGains = "Gain L/M;Gain R/S;FX Amount";
 } // namespace
 
-TEST_F(SpecialControls, TheMixerStandsItsBarsEvenlyOrInPairsWhateverTheirNumber)
+TEST_F(CompositeControls, TheMixerStandsItsBarsEvenlyOrInPairsWhateverTheirNumber)
 {
     auto even = mixer(threeGains + ";Preamp");
     EXPECT_EQ(even->getBounds(), juce::Rectangle<int>(4, 6, 100, 60));
@@ -91,7 +92,7 @@ TEST_F(SpecialControls, TheMixerStandsItsBarsEvenlyOrInPairsWhateverTheirNumber)
     EXPECT_EQ(guitest::pixelsUnlikeTheBackground(guitest::snapshot(frameless)), 0) << "draws nothing";
 }
 
-TEST_F(SpecialControls, PaintingCarriesOneValueAcrossTheBarsAsOneGesturePerBar)
+TEST_F(CompositeControls, PaintingCarriesOneValueAcrossTheBarsAsOneGesturePerBar)
 {
     auto m = mixer(threeGains, {}, R"(<size width="90" height="60"/>)");
     for (const auto* name : {"Gain L/M", "Gain R/S", "FX Amount"})
@@ -148,7 +149,7 @@ TEST_F(SpecialControls, PaintingCarriesOneValueAcrossTheBarsAsOneGesturePerBar)
     EXPECT_EQ(hit, &m->getSliderBar(2));
 }
 
-TEST_F(SpecialControls, AReadOnlyMixerLetsTheMouseThrough)
+TEST_F(CompositeControls, AReadOnlyMixerLetsTheMouseThrough)
 {
     juce::Component panel, below;
     panel.setBounds(0, 0, 200, 100);
@@ -169,7 +170,7 @@ TEST_F(SpecialControls, AReadOnlyMixerLetsTheMouseThrough)
     EXPECT_EQ(gain.writes, 0);
 }
 
-TEST_F(SpecialControls, TheVolumeSliderMovesAllItsParametersInOneGesturePerDrag)
+TEST_F(CompositeControls, TheVolumeSliderMovesAllItsParametersInOneGesturePerDrag)
 {
     VolumeSlider volume("Volume");
     volume.addParameter(&parameter("Gain L/M"));
@@ -190,7 +191,7 @@ TEST_F(SpecialControls, TheVolumeSliderMovesAllItsParametersInOneGesturePerDrag)
     EXPECT_NEAR(volume.getValue(), 0.1, 0.01) << "it follows its parameters";
 }
 
-TEST_F(SpecialControls, TheKeyboardPlaysIntoThePluginsKeyboardState)
+TEST_F(CompositeControls, TheKeyboardPlaysIntoThePluginsKeyboardState)
 {
     auto& state = plugin().getKeyboardState();
     ImageMidiKeyboard plain("Keyboard", state);
@@ -245,7 +246,7 @@ TEST_F(SpecialControls, TheKeyboardPlaysIntoThePluginsKeyboardState)
     keyboard.mouseUp(mouseAt(keyboard, {30, 25}));
 }
 
-TEST_F(SpecialControls, TheMatrixButtonsAddDeleteAndMoveRows)
+TEST_F(CompositeControls, TheMatrixButtonsAddDeleteAndMoveRows)
 {
     ModulationMatrixComponent matrix("Matrix");
     matrix.load(*XmlInput::parse("<ModulationMatrix/>"), skin);
