@@ -464,12 +464,21 @@ void BasePlugin::applyPreset(const Preset* preset, int slot, bool remember)
 
     if (auto* detector = getChangeDetector(slot))
         detector->reset(getCurrentPreset(slot));
+    presetChangeNotifier.trigger();
 }
 
 bool BasePlugin::isPresetChanged()
 {
     auto* detector = getChangeDetector(0);
     return detector != nullptr && detector->hasChanged();
+}
+
+bool BasePlugin::isInPresetRange(int index) const
+{
+    for (int slot = 0; slot < numPresetSlots; ++slot)
+        if (presetSlots.getSlot(slot).ranges.contains(index))
+            return true;
+    return false;
 }
 
 void BasePlugin::resetChangeDetector(int slot)

@@ -21,6 +21,7 @@
 #include "content/ContentSource.h"
 #include "content/Preset.h"
 #include "content/PresetChangeDetector.h"
+#include "content/PresetChangeNotifier.h"
 #include "content/PresetHost.h"
 #include "engine/SampleRateContext.h"
 #include "parameters/EnumParameter.h"
@@ -179,6 +180,11 @@ public:
     bool isPresetChanged();
     /** Takes the present values as the slot's unchanged state. */
     void resetChangeDetector(int slot);
+    /** Whether a parameter index belongs to the preset of any slot. */
+    bool isInPresetRange(int index) const;
+    /** Tells the GUI, on the message thread, when the loaded preset turns changed or unchanged;
+        the editor triggers it as parameters of a preset move. */
+    PresetChangeNotifier& getPresetChangeNotifier() noexcept { return presetChangeNotifier; }
     virtual PresetChangeDetector* getChangeDetector(int slot)
     {
         (void)slot;
@@ -321,6 +327,7 @@ private:
     // Declared last: they hold parameters and the plug-in, so they go first.
     std::unique_ptr<ContentSource> userPresets;
     std::unique_ptr<PresetChangeDetector> changeDetector;
+    PresetChangeNotifier presetChangeNotifier{[this] { return isPresetChanged(); }};
 
     JUCE_DECLARE_NON_COPYABLE(BasePlugin)
 };

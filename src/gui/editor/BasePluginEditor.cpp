@@ -1,12 +1,22 @@
 #include "BasePluginEditor.h"
 
+#include "AboutWindow.h"
+#include "gui/controls/GFXKnob.h"
+#include "gui/controls/GFXSwitch.h"
+#include "gui/controls/GFXToggleButton.h"
 #include "gui/controls/TextInput.h"
 #include "gui/core/ComponentSearch.h"
+#include "gui/skin/SkinImage.h"
 #include "gui/skin/SkinPackage.h"
+#include "parameters/BoolParameter.h"
+#include "parameters/EnumParameter.h"
+#include "parameters/IntParameter.h"
 #include "parameters/StringParameter.h"
 #include "plugin/BasePlugin.h"
 
-BasePluginEditor::BasePluginEditor(BasePlugin& p, bool isSkinned) : plugin(p), skinned(isSkinned)
+BasePluginEditor::BasePluginEditor(BasePlugin& p, bool isSkinned)
+    : plugin(p), skinned(isSkinned), q41Logo(SkinImage::decode(p.getResources().getData("Q41Logo.png"))),
+      pluginLogo(SkinImage::decode(p.getResources().getData("PluginLogo.png")))
 {
     addAndMakeVisible(statusBar);
     optionsWindow.setTitle("Default Settings");
@@ -14,6 +24,31 @@ BasePluginEditor::BasePluginEditor(BasePlugin& p, bool isSkinned) : plugin(p), s
     addChildComponent(optionsWindow);
     plugin.getParameterManager().addAsyncListenerToAll(this);
     setEditorSize(800, 600);
+
+    // A development build says which one it is at the right of the status bar; a click hides it.
+    if (const auto label = buildLabelText(plugin); label.isNotEmpty())
+    {
+        buildLabel.setText(label, juce::dontSendNotification);
+        buildLabel.setColour(juce::Label::textColourId, juce::Colours::white);
+        buildLabel.setJustificationType(juce::Justification::centredRight);
+        buildLabel.fitToHeight(DefaultLookAndFeel::statusBarHeight);
+        buildLabel.addMouseListener(this, false);
+        addAndMakeVisible(buildLabel);
+        buildLabel.toBack();
+        resized();
+    }
+}
+
+juce::String BasePluginEditor::buildLabelText(const SoftwareDesignation& designation)
+{
+    const auto branch = designation.getBranch();
+    if (branch == "master")
+        return {};
+    const auto extra = designation.getReservedText();
+    juce::StringArray parts{designation.getVersion(), designation.getFullVersion(),
+                            branch.compare("release") >= 0 && extra.isNotEmpty() ? extra : branch,
+                            designation.getBuildDate(), designation.getBuildIdentifier()};
+    return parts.joinIntoString(" | ");
 }
 
 BasePluginEditor::~BasePluginEditor()
@@ -25,7 +60,9 @@ BasePluginEditor::~BasePluginEditor()
         hideFloating(floating.getComponent(), nullptr);
     if (mainPanel != nullptr)
         mainPanel->removeMouseListener(this);
+    buildLabel.removeMouseListener(this);
     aboutWindow.reset();
+    genericControls.clear();
     mainPanel.reset();
 }
 
@@ -38,12 +75,69 @@ void BasePluginEditor::initialise()
                 applyUserSettings(*child);
                 break;
             }
-    if (! skinned)
-        return;
-    skinsDirectory = plugin.getDataDirectory().getChildFile("Skins");
-    skinFileCount = SkinList::countPackages(skinsDirectory);
-    skinList = std::make_unique<SkinList>(&plugin, SkinPackage::packageFile, skinsDirectory);
-    chooseSkinAtStart();
+    if (skinned)
+    {
+        skinsDirectory = plugin.getDataDirectory().getChildFile("Skins");
+        skinFileCount = SkinList::countPackages(skinsDirectory);
+        skinList = std::make_unique<SkinList>(&plugin, SkinPackage::packageFile, skinsDirectory);
+        chooseSkinAtStart();
+    }
+    if (mainPanel == nullptr && wantsGenericControls())
+        createGenericControls();
+}
+
+void BasePluginEditor::createGenericControls()
+{
+    // Every parameter of the plug-in's range in rows, in index order: one control of 50 by 80 per
+    // parameter, 64 pixels apart, rows 120 apart from (5, 30).
+    constexpr int width = 50, height = 80, columnPitch = 64, rowPitch = 120, left = 5, top = 30;
+    const int perRow = juce::jmax(1, (getWidth() - 10) / columnPitch);
+    int column = 0, row = 0;
+    auto& manager = plugin.getParameterManager();
+    for (int index = 0; index < plugin.getParameterCount(); ++index)
+    {
+        auto* parameter = manager.getParameter(index);
+        if (parameter == nullptr)
+            continue;
+        std::unique_ptr<GUIController> control;
+        juce::Component* component = nullptr;
+        if (dynamic_cast<BoolParameter*>(parameter) != nullptr)
+        {
+            auto toggle = std::make_unique<GFXToggleButton>(parameter->getName());
+            component = toggle.get();
+            control = std::move(toggle);
+        }
+        else if (dynamic_cast<EnumParameter*>(parameter) != nullptr ||
+                 dynamic_cast<IntParameter*>(parameter) != nullptr)
+        {
+            auto knob = std::make_unique<GFXSwitch>(parameter->getName());
+            component = knob.get();
+            control = std::move(knob);
+        }
+        else
+        {
+            auto knob = std::make_unique<GFXKnob>(parameter->getName());
+            component = knob.get();
+            control = std::move(knob);
+        }
+        if (column >= perRow)
+        {
+            column = 0;
+            ++row;
+        }
+        component->setBounds(left + column * columnPitch, top + row * rowPitch, width, height);
+        control->connectParameter(parameter);
+        control->addListener(this);
+        addAndMakeVisible(component);
+        genericControls.push_back(std::move(control));
+
+        column += isColumnBreakAfter(index) ? 2 : 1;
+        if (isRowBreakAfter(index))
+        {
+            column = 0;
+            ++row;
+        }
+    }
 }
 
 void BasePluginEditor::chooseSkinAtStart()
@@ -79,7 +173,11 @@ void BasePluginEditor::resized()
 {
     statusBar.setVisible(statusBarVisible());
     if (statusBarVisible())
-        statusBar.setBounds(0, panelHeight, getWidth(), DefaultLookAndFeel::statusBarHeight);
+    {
+        const int labelWidth = buildLabel.isVisible() ? buildLabel.getTextWidth() : 0;
+        statusBar.setBounds(0, panelHeight, getWidth() - labelWidth, DefaultLookAndFeel::statusBarHeight);
+        buildLabel.setBounds(getWidth() - labelWidth, panelHeight, labelWidth, DefaultLookAndFeel::statusBarHeight);
+    }
     repaint();
 }
 
@@ -202,7 +300,17 @@ void BasePluginEditor::applyStateXml(const juce::XmlElement& element)
 
 // --- parameters, controls, status bar ------------------------------------------------------------
 
-void BasePluginEditor::parameterChanged(Parameter&) {}
+void BasePluginEditor::parameterChanged(Parameter& parameter)
+{
+    // A move of a preset's parameter (or of the quality, which a preset remembers with the session)
+    // may turn the loaded preset changed or back; the plug-in's check answers once per burst.
+    constexpr int realtimeQualityIndex = 100001, offlineQualityIndex = 100003;
+    const int index = parameter.getIndex();
+    if (plugin.getParameterManager().isParameterProtected(index))
+        return;
+    if (plugin.isInPresetRange(index) || index == realtimeQualityIndex || index == offlineQualityIndex)
+        plugin.getPresetChangeNotifier().trigger();
+}
 
 void BasePluginEditor::showParameterInStatusBar(Parameter& parameter)
 {
@@ -262,6 +370,12 @@ bool BasePluginEditor::resetParameter(const juce::MouseEvent& event, bool force)
 
 void BasePluginEditor::mouseDown(const juce::MouseEvent& event)
 {
+    if (event.eventComponent == &buildLabel)
+    {
+        buildLabel.setVisible(false);
+        resized();
+        return;
+    }
     if (! isInsideMainPanel(event.originalComponent))
         return;
     const auto& mods = event.mods;
@@ -324,8 +438,7 @@ juce::Rectangle<int> BasePluginEditor::getFloatingWindowSize()
 
 std::unique_ptr<WindowComponent> BasePluginEditor::createAboutWindow()
 {
-    auto window = std::make_unique<WindowComponent>();
-    window->setTitle("About");
+    auto window = std::make_unique<AboutWindow>(plugin, q41Logo, pluginLogo);
     const auto size = getFloatingWindowSize();
     window->setSize(size.getWidth(), size.getHeight());
     return window;

@@ -13,6 +13,7 @@
 #include "gui/skin/GFXPanel.h"
 #include "gui/skin/SkinList.h"
 #include "gui/widgets/DefaultLookAndFeel.h"
+#include "gui/widgets/HardLabel.h"
 #include "gui/widgets/WindowComponent.h"
 #include "plugin/PluginEditor.h"
 
@@ -20,6 +21,7 @@
 #include <optional>
 
 class BasePlugin;
+class SoftwareDesignation;
 
 /** Thread: message thread, except `requestSkin`, which any thread may call (a host restoring state
     does so on its own thread): it only stores the name and triggers the asynchronous update. */
@@ -89,6 +91,14 @@ public:
     /** The about window, once shown; null before. */
     WindowComponent* getAboutWindow() const noexcept { return aboutWindow.get(); }
 
+    /** The text at the right of the status bar that tells a development build apart: the version
+        texts, the branch (or the designation's extra text on a release branch that has one), the
+        build date and the revision, joined by " | ". Empty for a "master" build, which shows none. */
+    static juce::String buildLabelText(const SoftwareDesignation& designation);
+    const HardLabel& getBuildLabel() const noexcept { return buildLabel; }
+    /** The controls of the generic layout (an editor without a skin that asks for them). */
+    const std::vector<std::unique_ptr<GUIController>>& getGenericControls() const noexcept { return genericControls; }
+
     // The editor's elements in the settings file and the state chunk.
     virtual juce::String getSettingsTag() { return "Editor"; }
     bool isSettingsTag(const juce::XmlElement& element) override { return element.hasTagName(getSettingsTag()); }
@@ -118,6 +128,19 @@ protected:
     virtual void parameterWasReset(int index) { (void)index; }
     virtual std::unique_ptr<WindowComponent> createAboutWindow();
     virtual juce::Rectangle<int> getFloatingWindowSize();
+    /** The generic layout, for an editor without a skin panel: whether it is wanted, and where a
+        column is left free or a new row starts after the control of a parameter index. */
+    virtual bool wantsGenericControls() { return false; }
+    virtual bool isColumnBreakAfter(int index)
+    {
+        (void)index;
+        return false;
+    }
+    virtual bool isRowBreakAfter(int index)
+    {
+        (void)index;
+        return false;
+    }
 
     BasePlugin& plugin;
     GFXAnimation* midiActivity = nullptr;
@@ -140,15 +163,19 @@ private:
     void chooseSkinAtStart();
     bool isInsideMainPanel(const juce::Component* component) const;
     void showAbout();
+    void createGenericControls();
 
     const bool skinned;
+    juce::Image q41Logo, pluginLogo;
     DefaultLookAndFeel::Scope look;
+    HardLabel buildLabel;
     FloatingComponentHider hider{*this};
     StatusBar statusBar;
     WindowComponent optionsWindow;
     std::unique_ptr<WindowComponent> aboutWindow;
     std::unique_ptr<GFXPanel> mainPanel;
     int panelHeight = 0;
+    std::vector<std::unique_ptr<GUIController>> genericControls;
     juce::Component::SafePointer<juce::Component> floating;
     FloatingComponentOwner* floatingOwner = nullptr;
     juce::File skinsDirectory;

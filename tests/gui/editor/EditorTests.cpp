@@ -1,9 +1,15 @@
 #include "gui/GuiTestSupport.h"
 #include "gui/VelmarinFixture.h"
 #include "gui/controls/GFXKnob.h"
+#include "gui/controls/GFXSwitch.h"
+#include "gui/controls/GFXToggleButton.h"
 #include "gui/core/ComponentSearch.h"
+#include "gui/editor/AboutWindow.h"
 #include "gui/editor/BasePluginEditor.h"
 #include "gui/skin/TestSkin.h"
+#include "parameters/BoolParameter.h"
+#include "parameters/FloatParameter.h"
+#include "plugin/SoftwareDesignation.h"
 #include "product/VelmarinProcessor.h"
 
 #include <thread>
@@ -41,6 +47,50 @@ protected:
     {
         return *ComponentSearch::find<GFXKnob>(*editor.getMainPanel(), "Amount");
     }
+};
+
+/** An editor without skins that asks for the generic layout, leaving a column free after "FX
+    Amount" and starting a new row after "Delay Offset Link". */
+class GenericEditor : public BasePluginEditor
+{
+public:
+    GenericEditor(BasePlugin& p, int amountIndex, int linkIndex)
+        : BasePluginEditor(p, false), amount(amountIndex), link(linkIndex)
+    {
+    }
+
+protected:
+    bool wantsGenericControls() override { return true; }
+    bool isColumnBreakAfter(int index) override { return index == amount; }
+    bool isRowBreakAfter(int index) override { return index == link; }
+
+private:
+    int amount, link;
+};
+
+/** The designation of a development build, with its branch and extra text as a test sets them. */
+struct Designation : SoftwareDesignation
+{
+    juce::String branch, extra;
+    juce::String getShortName() const override { return "Test"; }
+    juce::String getDescription() const override { return "A test"; }
+    juce::String getVersion() const override { return "2.0"; }
+    juce::String getFullVersion() const override { return "2.0.7"; }
+    juce::String getWebAddress() const override { return {}; }
+    juce::String getYear() const override { return "2026"; }
+    juce::String getLocation() const override { return {}; }
+    juce::String getBuildDate() const override { return "2026-11-24"; }
+    juce::String getReservedText() const override { return extra; }
+    juce::String getBuildIdentifier() const override { return "r42"; }
+    juce::String getPluginFormat() const override { return "VST3"; }
+    juce::String getWordSize() const override { return "64bit"; }
+    juce::String getBranch() const override { return branch; }
+};
+
+struct PresetState : PresetChangeNotifier::Listener
+{
+    void presetChangedStateChanged(bool changed) override { heard.add(changed); }
+    juce::Array<bool> heard;
 };
 
 struct Owner : FloatingComponentOwner
@@ -199,6 +249,137 @@ TEST_F(Editor, OneFloatingPanelAtATimeAndStatusMessagesByPriority)
         juce::Thread::sleep(20);
     }
     EXPECT_EQ(bar.getMessage(), "") << "cleared three seconds after its last change";
+}
+
+TEST_F(Editor, WithoutASkinTheGenericLayoutGivesEveryParameterAControl)
+{
+    auto& manager = plugin().getParameterManager();
+    const int amountIndex = parameter("FX Amount").getIndex();
+    const int linkIndex = parameter("Delay Offset Link").getIndex();
+    GenericEditor editor(plugin(), amountIndex, linkIndex);
+    editor.initialise();
+    testsupport::dispatchPendingMessages();
+    ASSERT_EQ(editor.getMainPanel(), nullptr);
+    EXPECT_EQ(editor.getBounds(), juce::Rectangle<int>(0, 0, 800, 600 + 16));
+
+    const auto& controls = editor.getGenericControls();
+    ASSERT_EQ(int(controls.size()), plugin().getParameterCount());
+    const int perRow = (800 - 10) / 64;
+    int column = 0, row = 0;
+    for (int index = 0; index < plugin().getParameterCount(); ++index)
+    {
+        auto* control = controls[size_t(index)].get();
+        auto* component = dynamic_cast<juce::Component*>(control);
+        ASSERT_NE(component, nullptr);
+        auto* p = manager.getParameter(index);
+        EXPECT_EQ(control->getParameter(), p);
+        EXPECT_EQ(component->getParentComponent(), &editor);
+        // The kind of control follows the kind of parameter.
+        if (dynamic_cast<BoolParameter*>(p) != nullptr)
+            EXPECT_NE(dynamic_cast<GFXToggleButton*>(control), nullptr) << p->getName();
+        else if (dynamic_cast<FloatParameter*>(p) != nullptr)
+            EXPECT_TRUE(dynamic_cast<GFXKnob*>(control) != nullptr && dynamic_cast<GFXSwitch*>(control) == nullptr)
+                << p->getName();
+        else
+            EXPECT_NE(dynamic_cast<GFXSwitch*>(control), nullptr) << p->getName();
+
+        if (column >= perRow)
+        {
+            column = 0;
+            ++row;
+        }
+        EXPECT_EQ(component->getBounds(), juce::Rectangle<int>(5 + column * 64, 30 + row * 120, 50, 80))
+            << p->getName();
+        column += index == amountIndex ? 2 : 1;
+        if (index == linkIndex)
+            column = 0, ++row;
+        EXPECT_TRUE(editor.getLocalBounds().contains(component->getBounds())) << p->getName();
+    }
+
+    // A generic control works as a skinned one: a drag writes and the status bar says so.
+    auto& knob = dynamic_cast<GFXKnob&>(*controls[size_t(amountIndex)]);
+    const float before = parameter("FX Amount").getNormalized();
+    guitest::drag(knob, {25, 40}, {25, 10});
+    EXPECT_GT(parameter("FX Amount").getNormalized(), before);
+    EXPECT_TRUE(editor.getStatusBar().getMessage().startsWith("FX Amount: "));
+}
+
+TEST(BuildLabel, ADevelopmentBuildNamesItselfAndAMasterBuildDoesNot)
+{
+    Designation designation;
+    designation.branch = "master";
+    EXPECT_EQ(BasePluginEditor::buildLabelText(designation), "");
+    designation.branch = "develop";
+    designation.extra = "RC1";
+    EXPECT_EQ(BasePluginEditor::buildLabelText(designation), "2.0 | 2.0.7 | develop | 2026-11-24 | r42")
+        << "a branch before \"release\" shows its own name";
+    designation.branch = "release-2.0";
+    EXPECT_EQ(BasePluginEditor::buildLabelText(designation), "2.0 | 2.0.7 | RC1 | 2026-11-24 | r42");
+    designation.extra = "";
+    EXPECT_EQ(BasePluginEditor::buildLabelText(designation), "2.0 | 2.0.7 | release-2.0 | 2026-11-24 | r42");
+}
+
+TEST_F(Editor, TheAboutWindowShowsBothLogosAndTheBuildAtEverySize)
+{
+    skins().createDirectory();
+    skinOfWidth(900).pack(skins(), "Big");
+    auto editor = open();
+    EXPECT_FALSE(editor->getBuildLabel().isVisible()) << "a master build has no label";
+    EXPECT_EQ(editor->getStatusBar().getWidth(), 900);
+
+    GFXKnob& amount = knob(*editor);
+    editor->controllerEvent(amount, 1001);
+    auto* about = dynamic_cast<AboutWindow*>(editor->getAboutWindow());
+    ASSERT_NE(about, nullptr);
+    EXPECT_TRUE(about->isVisible());
+    EXPECT_EQ(about->getTitle(), "About Velmarin");
+    EXPECT_TRUE(about->getLines().contains("Analog BBD Stereo Flanger"));
+    EXPECT_TRUE(about->getLines().joinIntoString("\n").contains("Version 1.1.3"));
+
+    const auto content = about->getContentBounds();
+    const auto product = about->getProductLogoBounds();
+    const auto vendor = about->getVendorLogoBounds();
+    ASSERT_FALSE(product.isEmpty()) << "the product's logo is read from the resources";
+    ASSERT_FALSE(vendor.isEmpty());
+    EXPECT_TRUE(content.contains(product) && content.contains(vendor));
+    EXPECT_LT(product.getBottom(), vendor.getY()) << "the product above, the vendor below";
+
+    // In a window too small for the logos at their size they shrink, keeping their shape.
+    about->setSize(300, 200);
+    const auto small = about->getProductLogoBounds();
+    EXPECT_TRUE(about->getContentBounds().contains(small));
+    EXPECT_LT(small.getWidth(), product.getWidth());
+    EXPECT_NEAR(double(small.getWidth()) / small.getHeight(), double(product.getWidth()) / product.getHeight(), 0.1);
+    juce::Image image(juce::Image::ARGB, 300, 200, true);
+    juce::Graphics g(image);
+    about->paintEntireComponent(g, false);
+}
+
+TEST_F(Editor, MovingAPresetParameterTurnsThePresetChangedAndBack)
+{
+    auto editor = open();
+    PresetState state;
+    auto& notifier = plugin().getPresetChangeNotifier();
+    notifier.addListener(&state);
+    testsupport::dispatchPendingMessages();
+    state.heard.clear();
+
+    auto& amount = parameter("FX Amount");
+    const float stored = amount.getNormalized();
+    amount.setNormalized(stored > 0.5f ? 0.1f : 0.9f, true);
+    amount.setNormalized(stored > 0.5f ? 0.2f : 0.8f, true);
+    testsupport::dispatchPendingMessages();
+    EXPECT_EQ(state.heard, juce::Array<bool>({true})) << "a burst of moves is one answer";
+    EXPECT_TRUE(notifier.wasChanged());
+
+    // The read-out outside the preset changes nothing; the knob back at its stored value does.
+    parameter("Current BBD Frequency").setText("  500", true);
+    testsupport::dispatchPendingMessages();
+    EXPECT_EQ(state.heard.size(), 1);
+    amount.setNormalized(stored, true);
+    testsupport::dispatchPendingMessages();
+    EXPECT_EQ(state.heard, juce::Array<bool>({true, false}));
+    notifier.removeListener(&state);
 }
 
 // A host may build and destroy a plug-in on a thread of its own; the editor's components, timer and
