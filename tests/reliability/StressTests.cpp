@@ -1,11 +1,15 @@
 // Every thread a host and an editor bring, on one instance at once: an audio thread processing
 // blocks with controllers in the MIDI buffer, a host thread automating and asking for texts and
-// switching between real-time and offline, a thread saving and loading the state, and the message
-// thread writing values inside gestures, refreshing the frequency read-out and delivering the
-// parameters' messages. Meant to run under ThreadSanitizer and AddressSanitizer as much as plain.
+// switching between real-time and offline, a thread saving and loading the state (which carries
+// the editor's skin), and the message thread with the editor open on a packed skin: its timer
+// ticking (meters, MIDI lamp, frequency read-out), values written inside gestures, skins switched,
+// and the parameters' messages delivered. Meant to run under ThreadSanitizer and AddressSanitizer
+// as much as plain.
 //
 // Run length: VELMARIN_STRESS_SECONDS seconds (default 2).
 #include "ReliabilityHost.h"
+#include "gui/editor/BasePluginEditor.h"
+#include "gui/skin/EveryWordSkin.h"
 #include "product/Velmarin.h"
 #include "product/VelmarinProcessor.h"
 
@@ -54,8 +58,20 @@ juce::MemoryBlock stateOf(VelmarinProcessor& processor)
 TEST(Stress, ConcurrentHostEditorStateAndAudioThreadsKeepTheInstanceSound)
 {
     const double seconds = reliability::secondsFromEnvironment("VELMARIN_STRESS_SECONDS", 2.0);
-    VelmarinProcessor processor;
+    // Two skins packed as the skin tool packs them: every control of the grammar, and a bare panel.
+    const testsupport::TemporaryFolder folder("stress");
+    const auto skins = (folder / "data").getChildFile("Skins");
+    skins.createDirectory();
+    testskin::everyWordSkin().pack(skins, "Every");
+    testskin::Skin::basic(300, 200).pack(skins, "Bare");
+    VelmarinProcessor processor(FolderRule::fixed(folder / "user", folder / "data"));
     auto& plugin = static_cast<Velmarin&>(processor.getPlugin());
+    // The host opens the editor's window: the skin settles, the timer ticks on a visible editor.
+    reliability::dispatchPendingMessages();
+    std::unique_ptr<juce::AudioProcessorEditor> window(processor.createEditor());
+    auto* editorComponent = dynamic_cast<BasePluginEditor*>(plugin.getEditor());
+    ASSERT_NE(editorComponent, nullptr);
+    ASSERT_NE(editorComponent->getMainPanel(), nullptr) << "a skin is on screen";
     auto& manager = plugin.getParameterManager();
     const auto& hostParameters = processor.getParameters();
 
@@ -144,11 +160,11 @@ TEST(Stress, ConcurrentHostEditorStateAndAudioThreadsKeepTheInstanceSound)
             }
         });
 
-    // This thread is the message thread: the editor's gestures, its read-out timer, the messages.
+    // This thread is the message thread: the editor's gestures and timer, skin switches, the messages.
     juce::Random random(4);
-    int gestures = 0;
+    int gestures = 0, skinSwitches = 0;
     const auto start = std::chrono::steady_clock::now();
-    auto nextRefresh = start;
+    auto nextSwitch = start;
     while (std::chrono::steady_clock::now() - start < std::chrono::duration<double>(seconds))
     {
         auto* p = manager.getParameter(random.nextInt(reliability::numMappedControllers));
@@ -160,10 +176,11 @@ TEST(Stress, ConcurrentHostEditorStateAndAudioThreadsKeepTheInstanceSound)
         }
         p->endChange();
         ++gestures;
-        if (std::chrono::steady_clock::now() >= nextRefresh)
+        if (std::chrono::steady_clock::now() >= nextSwitch)
         {
-            plugin.refreshBbdFrequencyDisplay();
-            nextRefresh += std::chrono::milliseconds(25);
+            editorComponent->requestSkin(editorComponent->getCurrentSkin() == "Every" ? "Bare" : "Every");
+            ++skinSwitches;
+            nextSwitch += std::chrono::milliseconds(400);
         }
         reliability::dispatchPendingMessages();
     }
@@ -172,11 +189,16 @@ TEST(Stress, ConcurrentHostEditorStateAndAudioThreadsKeepTheInstanceSound)
     hostThread.join();
     stateThread.join();
     reliability::dispatchPendingMessages();
+    EXPECT_NE(editorComponent->getMainPanel(), nullptr);
+    EXPECT_NE(plugin.getParameterManager().getParameter("Current BBD Frequency")->getText(), "")
+        << "the timer wrote the read-out while audio ran";
+    window.reset();
     processor.releaseResources();
     processor.setPlayHead(nullptr);
 
-    std::printf("stress: %.0f s, %d blocks, %d host automation writes, %d state loads, %d editor gestures\n", seconds,
-                blocks.load(), automationWrites.load(), stateLoads.load(), gestures);
+    std::printf("stress: %.0f s, %d blocks, %d host automation writes, %d state loads, %d editor gestures, %d skin "
+                "switches\n",
+                seconds, blocks.load(), automationWrites.load(), stateLoads.load(), gestures, skinSwitches);
     EXPECT_EQ(badBlocks.load(), 0) << "blocks with a sample that is not finite or out of bounds";
     EXPECT_GT(blocks.load(), 0);
     EXPECT_GT(automationWrites.load(), 0);
@@ -185,11 +207,12 @@ TEST(Stress, ConcurrentHostEditorStateAndAudioThreadsKeepTheInstanceSound)
     EXPECT_GT(editor.updates, 0);
     EXPECT_GT(host.gestures.load(), 0);
 
-    // What the instance holds after the storm is a whole state: a second instance takes it and
-    // gives back the same chunk.
+    // What the instance holds after the storm is a whole state: a second instance takes it and,
+    // once its editor shows the state's skin, gives back the same chunk.
     const auto state = stateOf(processor);
-    VelmarinProcessor second;
+    VelmarinProcessor second(FolderRule::fixed(folder / "user", folder / "data"));
     second.setStateInformation(state.getData(), static_cast<int>(state.getSize()));
+    reliability::dispatchPendingMessages(); // its editor puts the state's skin on screen
     EXPECT_EQ(stateOf(second), state);
 
     manager.removeAsyncListenerFromAll(&editor);

@@ -1,3 +1,4 @@
+#include "EveryWordSkin.h"
 #include "TestSkin.h"
 #include "gui/GuiTestSupport.h"
 #include "gui/VelmarinFixture.h"
@@ -15,41 +16,8 @@
 
 namespace
 {
-juce::String everyWordDocument()
-{
-    return juce::File(VELMARIN_TEST_SKIN_DIR).getChildFile("every-word-skin.xml").loadFileAsString();
-}
-
-/** The every-word skin's files: its document and strips of the sizes it names. */
-testskin::Skin everyWordSkin()
-{
-    testskin::Skin skin;
-    skin.files["skin.xml"] = testskin::text(everyWordDocument());
-    const auto png = [](const juce::Image& image)
-    {
-        juce::MemoryBlock bytes;
-        juce::MemoryOutputStream out(bytes, false);
-        juce::PNGImageFormat().writeImageToStream(image, out);
-        out.flush();
-        return bytes;
-    };
-    skin.files["Background.png"] = testskin::png(400, 200);
-    skin.files["Knob.png"] = png(guitest::strip(40, 40, 64));
-    skin.files["Switch.png"] = png(guitest::strip(50, 20, 4));
-    skin.files["Button.png"] = png(guitest::strip(30, 20, 2));
-    skin.files["Toggle.png"] = png(guitest::strip(30, 20, 4));
-    skin.files["Multi.png"] = png(guitest::strip(30, 20, 3));
-    skin.files["Rocker.png"] = png(guitest::strip(20, 40, 3));
-    skin.files["Meter.png"] = png(guitest::strip(10, 30, 16));
-    skin.files["Glyphs.png"] = png(guitest::strip(8, 10, 2 * 96));
-    skin.files["Sign.png"] = png(guitest::strip(10, 16, 2));
-    skin.files["Digits.png"] = png(guitest::strip(10, 16, 19));
-    skin.files["Notes.png"] = png(guitest::strip(10, 16, 9));
-    skin.files["Tones.png"] = png(guitest::strip(6, 16, 3));
-    skin.files["Octaves.png"] = png(guitest::strip(10, 16, 13));
-    skin.files["Lengths.png"] = png(guitest::strip(30, 20, 6));
-    return skin;
-}
+using testskin::everyWordDocument;
+using testskin::everyWordSkin;
 
 class PanelBuilder : public guitest::VelmarinFixture
 {
