@@ -2,7 +2,9 @@
 # Installs the Debian packages that building, testing and the tools need.
 # Idempotent: packages already present are skipped, so a second run takes a second.
 # Run as root (it calls apt-get); as another user it names what is missing and exits 2.
-# `setup.sh --peers` also installs the LV2 flangers the peer benchmark (bench/peers.sh) times.
+# `setup.sh --peers` also installs the LV2 flangers the peer benchmark (bench/peers.sh) times;
+# `setup.sh --hosts` installs Ardour for scripts/ardour.sh and what scripts/screenshots.sh drives
+# the Standalone program with.
 set -euo pipefail
 
 packages=(
@@ -22,9 +24,13 @@ packages=(
   fonts-dejavu-core
   fonts-dejavu-core
 )
-if [ "${1:-}" = "--peers" ]; then
-  packages+=(calf-plugins swh-lv2)
-fi
+for option in "$@"; do
+  case "$option" in
+    --peers) packages+=(calf-plugins swh-lv2) ;;
+    --hosts) packages+=(ardour xdotool imagemagick) ;;
+    *) echo "setup: unknown option $option" >&2; exit 2 ;;
+  esac
+done
 
 missing=()
 for p in "${packages[@]}"; do
