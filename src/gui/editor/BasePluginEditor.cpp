@@ -208,6 +208,10 @@ void BasePluginEditor::handleAsyncUpdate()
 {
     if (skinRequested.exchange(false))
     {
+        // The wrapper may have put the skin asked for on screen already, as it opened.
+        const auto pending = pendingSkin.get();
+        if (pending.isEmpty() || pending.equalsIgnoreCase(currentSkin.get()))
+            return;
         optionsWindow.hide();
         if (mainPanel != nullptr)
             mainPanel->setVisible(false);
@@ -439,8 +443,9 @@ juce::Rectangle<int> BasePluginEditor::getFloatingWindowSize()
 std::unique_ptr<WindowComponent> BasePluginEditor::createAboutWindow()
 {
     auto window = std::make_unique<AboutWindow>(plugin, q41Logo, pluginLogo);
+    // The floating size, held to the editor: a narrow skin would otherwise cut off its frame.
     const auto size = getFloatingWindowSize();
-    window->setSize(size.getWidth(), size.getHeight());
+    window->setSize(juce::jmin(size.getWidth(), getWidth() - 20), juce::jmin(size.getHeight(), panelHeight - 20));
     return window;
 }
 

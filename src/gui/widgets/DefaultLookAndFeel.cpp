@@ -102,6 +102,17 @@ DefaultLookAndFeel::DefaultLookAndFeel()
     setColour(juce::Slider::rotarySliderFillColourId, accent);
     setColour(juce::Slider::rotarySliderOutlineColourId, field);
     setColour(juce::ScrollBar::thumbColourId, outline);
+    // JUCE's own file dialogs (the Standalone program's state files) in the same colours.
+    setColour(juce::ListBox::backgroundColourId, field);
+    setColour(juce::ListBox::textColourId, text);
+    setColour(juce::DirectoryContentsDisplayComponent::textColourId, text);
+    setColour(juce::DirectoryContentsDisplayComponent::highlightColourId, accent.withAlpha(0.35f));
+    setColour(juce::DirectoryContentsDisplayComponent::highlightedTextColourId, text);
+    setColour(juce::FileBrowserComponent::currentPathBoxBackgroundColourId, field);
+    setColour(juce::FileBrowserComponent::currentPathBoxTextColourId, text);
+    setColour(juce::FileBrowserComponent::currentPathBoxArrowColourId, muted);
+    setColour(juce::FileBrowserComponent::filenameBoxBackgroundColourId, field);
+    setColour(juce::FileBrowserComponent::filenameBoxTextColourId, text);
     setColour(juce::TooltipWindow::backgroundColourId, juce::Colour(Colours::titleBar));
     setColour(juce::TooltipWindow::textColourId, text);
     setColour(juce::TooltipWindow::outlineColourId, outline);

@@ -135,6 +135,22 @@ TEST_F(Editor, ItOpensWithTheWidestSkinThatFitsAndSwitchesOnRequest)
     EXPECT_FALSE(editor->getMainPanel()->isVisible());
 }
 
+// A host that opens the window before the message loop ran: the wrapper puts the skin on screen,
+// and the update that follows leaves it there.
+TEST_F(Editor, AWindowOpenedAtOnceShowsTheSkinForGood)
+{
+    skins().createDirectory();
+    skinOfWidth(700).pack(skins(), "Only");
+    VelmarinProcessor host(FolderRule::fixed(folder / "user", folder / "data"));
+    std::unique_ptr<juce::AudioProcessorEditor> window(host.createEditor());
+    auto& editor = dynamic_cast<BasePluginEditor&>(*host.getPlugin().getEditor());
+    ASSERT_NE(editor.getMainPanel(), nullptr);
+    testsupport::dispatchPendingMessages();
+    EXPECT_TRUE(editor.getMainPanel()->isVisible());
+    EXPECT_EQ(editor.getStatusBar().getMessage(), "");
+    EXPECT_EQ(window->getWidth(), 700);
+}
+
 TEST_F(Editor, SavedSkinsStateChunksAndAMissingSkinsFolder)
 {
     auto editorWithoutSkins = open();
