@@ -358,52 +358,6 @@ write_settings() { # skin
   <Editor><Skin name="$(xml_attribute "$1")"/></Editor>
 </UserSettings>
 SETTINGS
-  # The Standalone program's own settings: its file dialogs open on this state file.
-  cat >"$home/.config/Velmarin.settings" <<SETTINGS
-<?xml version="1.0" encoding="UTF-8"?>
-<PROPERTIES>
-  <VALUE name="lastStateFile" val="$(xml_attribute "$home/skin.state")"/>
-</PROPERTIES>
-SETTINGS
-}
-
-# A plug-in state that holds nothing but the editor's skin, as JUCE's binary XML block: a magic
-# number and the text's length (32 bits each, little-endian), the text and a terminating zero.
-write_state() { # skin file
-  local LC_ALL=C
-  local text
-  text="<?xml version=\"1.0\" encoding=\"UTF-8\"?> <PluginState application=\"Velmarin\"><Editor><Skin name=\"$(xml_attribute "$1")\"/></Editor></PluginState>"
-  local n=${#text}
-  {
-    printf '\x56\x43\x32\x21'
-    printf '%b' "\\x$(printf %02x $((n & 255)))\\x$(printf %02x $((n >> 8 & 255)))\\x00\\x00"
-    printf '%s\0' "$text"
-  } >"$2"
-}
-
-# Asks for a skin the way a host does once the editor is on screen: the program's own "Load a saved
-# state..." with a state that names it. Used only when a skin does not show after the start (see the
-# warning below).
-load_skin_through_state() { # skin
-  write_state "$1" "$home/skin.state"
-  alive
-  # The title bar's "Options" button, then the third item of its menu; the file dialog opens on
-  # the state file, which the program's settings name as the last one used.
-  xdotool mousemove --window "$win" 30 12 click 1
-  local menu dialog
-  menu=$(timeout 10 xdotool search --sync --name '^menu$' | head -n 1) || { alive; fail "the Options menu did not open"; }
-  xdotool mousemove 0 0
-  sleep 0.2
-  xdotool windowfocus "$menu" key Down Down Down Return
-  dialog=$(timeout 10 xdotool search --sync --name '^Load a saved state$' | head -n 1) \
-    || { alive; fail "the state file dialog did not open"; }
-  sleep 0.3
-  xdotool windowfocus "$dialog" key Return
-  local end=$((SECONDS + 5))
-  while xdotool search --name '^Load a saved state$' >/dev/null; do
-    [ "$SECONDS" -lt "$end" ] || fail "the state file dialog did not close"
-    sleep 0.1
-  done
 }
 
 for name in "${skins[@]}"; do
@@ -419,23 +373,7 @@ for name in "${skins[@]}"; do
   win=$(timeout 30 xdotool search --sync --name '^Velmarin$' | head -n 1) \
     || { alive; fail "no window named Velmarin within 30 seconds (skin $name)"; }
 
-  if ! wait_for_skin 5; then
-    # The editor opened without its panel, "Loading skin..." in its status bar. Asking for
-    # another skin and then for this one again, once the window is up, brings the panel.
-    other=""
-    for s in "${skins[@]}"; do
-      [ "$s" = "$name" ] || { other=$s; break; }
-    done
-    [ -n "$other" ] || fail "the editor did not show skin $name, and there is no other skin to switch through"
-    echo "screenshots: warning: the editor opened without its panel (\"Loading skin...\");" \
-      "switching to $other and back to $name through a saved state" >&2
-    use_skin "$other"
-    load_skin_through_state "$other"
-    wait_for_skin 10 || fail "the editor did not switch to skin $other"
-    use_skin "$name"
-    load_skin_through_state "$name"
-    wait_for_skin 10 || fail "the editor did not show skin $name"
-  fi
+  wait_for_skin 10 || fail "the editor did not show skin $name"
 
   shoot "$short.png"
   click_links
