@@ -166,21 +166,6 @@ void BM_GateShut(benchmark::State& state)
 }
 BENCHMARK(BM_GateShut)->ArgName("stereo")->Arg(1)->Arg(0)->Unit(benchmark::kMicrosecond);
 
-/** A new instance, start-up to teardown, and the heap it holds while alive. */
-void BM_Construction(benchmark::State& state)
-{
-    double heldBytes = 0.0;
-    for (auto _ : state)
-    {
-        const auto before = mallinfo2().uordblks;
-        auto instance = std::make_unique<VelmarinProcessor>(benchFolders);
-        heldBytes = static_cast<double>(mallinfo2().uordblks - before);
-        instance.reset();
-    }
-    state.counters["heap_bytes"] = heldBytes;
-}
-BENCHMARK(BM_Construction)->Unit(benchmark::kMillisecond);
-
 /** A parameter change that rebuilds engine state, as the GUI or automation would make it, and the
     heap allocations it makes (there should be none). */
 void BM_Change(benchmark::State& state)
