@@ -26,8 +26,9 @@ public:
     virtual juce::String format(const Parameter& parameter);
     /** True keeps a parameter from being set when a preset is applied. False for every index here. */
     virtual bool isParameterProtected(int index);
-    /** Whether a parameter is meant to be shown to the user. The framework itself never asks;
-        it is there for products whose editors hide internal values. */
+    /** Whether a parameter's value is meant to be shown to the user: the editor's parameter info
+        panel shows its value row only then. True for every index here; a product whose editor
+        hides internal values says false for them. */
     virtual bool isParameterVisible(int index);
     /** Makes the parameter of a `float` row; a product may return a subclass with a taper. */
     virtual FloatParameter* createFloatParameter(int index, const juce::String& name, float minimum, float maximum,

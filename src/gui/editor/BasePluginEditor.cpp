@@ -328,8 +328,10 @@ void BasePluginEditor::showParameterInStatusBar(Parameter& parameter)
 
 void BasePluginEditor::controllerValueChanged(GUIController& controller)
 {
-    if (auto* parameter = controller.getParameter())
-        showParameterInStatusBar(*parameter);
+    // While the parameter info panel is open, the status bar stays quiet.
+    if (parameterInfo == nullptr)
+        if (auto* parameter = controller.getParameter())
+            showParameterInStatusBar(*parameter);
 }
 
 void BasePluginEditor::controllerEvent(GUIController& controller, int eventId)
@@ -349,8 +351,9 @@ void BasePluginEditor::controllerEvent(GUIController& controller, int eventId)
     {
         plugin.handleEvent(eventId);
     }
-    if (auto* parameter = controller.getParameter())
-        showParameterInStatusBar(*parameter);
+    if (parameterInfo == nullptr)
+        if (auto* parameter = controller.getParameter())
+            showParameterInStatusBar(*parameter);
 }
 
 bool BasePluginEditor::isInsideMainPanel(const juce::Component* component) const
@@ -368,7 +371,8 @@ bool BasePluginEditor::resetParameter(const juce::MouseEvent& event, bool force)
     if (parameter == nullptr || ! plugin.resetParameterToDefault(parameter->getIndex()))
         return false;
     parameterWasReset(parameter->getIndex());
-    showParameterInStatusBar(*parameter);
+    if (parameterInfo == nullptr)
+        showParameterInStatusBar(*parameter);
     return true;
 }
 
@@ -386,6 +390,29 @@ void BasePluginEditor::mouseDown(const juce::MouseEvent& event)
     const bool leftAlone = mods.isLeftButtonDown() && ! mods.isRightButtonDown() && ! mods.isMiddleButtonDown();
     if (leftAlone && mods.isShiftDown())
         resetParameter(event, true);
+    else if (mods.isRightButtonDown())
+        showParameterInfoFor(event);
+}
+
+void BasePluginEditor::showParameterInfoFor(const juce::MouseEvent& event)
+{
+    auto* component = event.originalComponent;
+    juce::Component* hit = nullptr;
+    Parameter* parameter = nullptr;
+    if (auto* controller = dynamic_cast<GUIController*>(component))
+        parameter = controller->getParameterAt(event, &hit);
+    else if (auto* widget = dynamic_cast<ParameterController*>(component))
+        parameter = widget->getParameters().getFirst();
+    if (parameter == nullptr || dynamic_cast<StringParameter*>(parameter) != nullptr)
+        return;
+    if (parameterInfo != nullptr && &parameterInfo->getParameter() == parameter)
+    {
+        // Kept as it is. The floating-panel hider hears this press after the editor does and would
+        // take it for a press outside the panel: it waits for the release instead.
+        hider.armed = false;
+        return;
+    }
+    showParameterInfo(*parameter, hit != nullptr ? hit : component);
 }
 
 void BasePluginEditor::mouseDoubleClick(const juce::MouseEvent& event)
@@ -423,6 +450,71 @@ void BasePluginEditor::hideFloating(juce::Component* panel, juce::Component* cli
     auto* owner = std::exchange(floatingOwner, nullptr);
     if (owner != nullptr)
         owner->floatingClosed(panel, clicked);
+}
+
+void BasePluginEditor::floatingClosed(juce::Component* panel, juce::Component*)
+{
+    if (parameterInfo == nullptr || panel != parameterInfo.get())
+        return;
+    plugin.getMidiMap().cancelLearning();
+    // The panel may be closing from its own "OK" click, so it is not deleted here: it waits in
+    // `closedInfo` until the message loop gets back to the editor, or goes with the editor.
+    closedInfo = std::move(parameterInfo);
+    juce::MessageManager::callAsync(
+        [editor = juce::Component::SafePointer<BasePluginEditor>(this)]
+        {
+            if (editor != nullptr)
+                editor->closedInfo.reset();
+        });
+}
+
+// --- the parameter info panel ----------------------------------------------------------------------
+
+void BasePluginEditor::showParameterInfo(Parameter& parameter, juce::Component* anchor)
+{
+    auto& map = plugin.getMidiMap();
+    map.cancelLearning();
+    auto info = std::make_unique<ParameterInfo>(
+        parameter, map, plugin.getParameterManager().isParameterVisible(parameter.getIndex()), *this);
+    info->setExpanded(infoExpanded, juce::dontSendNotification);
+    // Closes any open floating panel first, an earlier parameter info among them.
+    showFloating(info.get(), {}, nullptr, this);
+    parameterInfo = std::move(info);
+    infoAnchor = anchor;
+    placeParameterInfo();
+    statusBar.clearMessage();
+}
+
+void BasePluginEditor::sizeChanged(ParameterInfo& info)
+{
+    if (&info == parameterInfo.get())
+        placeParameterInfo();
+}
+
+void BasePluginEditor::closeRequested(ParameterInfo& info)
+{
+    if (&info == parameterInfo.get())
+        hideFloating(&info, nullptr);
+}
+
+void BasePluginEditor::placeParameterInfo()
+{
+    if (parameterInfo == nullptr)
+        return;
+    auto& info = *parameterInfo;
+    infoExpanded = info.isExpanded();
+    // Beside the control: right of it if the panel fits in the editor, else left of it; a quarter of
+    // the control's height above its centre, raised to stay above the status bar. The panel never
+    // starts above or left of the editor.
+    auto* anchor = infoAnchor.getComponent();
+    const auto area = anchor != nullptr ? getLocalArea(anchor, anchor->getLocalBounds())
+                                        : juce::Rectangle<int>(getWidth() / 2, panelHeight / 2, 0, 0);
+    const auto centre = area.getCentre();
+    int x = centre.x + area.getWidth() / 2;
+    if (x + info.getWidth() > getWidth())
+        x = centre.x - info.getWidth() - area.getWidth() / 2;
+    const int y = juce::jmin(centre.y - area.getHeight() / 4, panelHeight - info.getHeight());
+    info.setTopLeftPosition(juce::jmax(0, x), juce::jmax(0, y));
 }
 
 void BasePluginEditor::FloatingComponentHider::mouseDown(const juce::MouseEvent& event)

@@ -3,8 +3,10 @@
 // The editor: one component the plug-in makes at start-up and keeps for its whole life; the host's
 // window only wraps it. It shows the skin's main panel above a status bar, loads and switches
 // skins, hosts the dialogs and floating panels, and decides what a mouse gesture on a control means
-// beyond the control's own handling (Shift-click and double-click reset a parameter).
+// beyond the control's own handling (Shift-click and double-click reset a parameter, a right click
+// opens the parameter info panel).
 
+#include "ParameterInfo.h"
 #include "SkinName.h"
 #include "StatusBar.h"
 #include "gui/controls/GFXAnimation.h"
@@ -31,6 +33,8 @@ class BasePluginEditor : public juce::Component,
                          public GUIController::Listener,
                          public juce::Timer,
                          public FloatingPanelHost,
+                         public FloatingComponentOwner,
+                         public ParameterInfo::Listener,
                          public ModalComponent::Desktop,
                          public PluginEditor
 {
@@ -113,6 +117,18 @@ public:
     void controllerValueChanged(GUIController& controller) override;
     void controllerEvent(GUIController& controller, int eventId) override;
 
+    // The parameter info panel.
+    /** Opens the parameter info panel on a parameter beside the control it came from (closing any
+        floating panel and cancelling any learn first), and clears the status bar. */
+    void showParameterInfo(Parameter& parameter, juce::Component* anchor);
+    /** The open parameter info panel, or null. */
+    ParameterInfo* getParameterInfo() const noexcept { return parameterInfo.get(); }
+    void sizeChanged(ParameterInfo& info) override;
+    void closeRequested(ParameterInfo& info) override;
+    /** The editor owns the parameter info panel: however it closes, it is deleted and any learn on
+        the MIDI map is cancelled. */
+    void floatingClosed(juce::Component* panel, juce::Component* clicked) override;
+
     void mouseDown(const juce::MouseEvent& event) override;
     void mouseDoubleClick(const juce::MouseEvent& event) override;
     void resized() override;
@@ -158,6 +174,8 @@ private:
         BasePluginEditor& editor;
     };
 
+    void placeParameterInfo();
+    void showParameterInfoFor(const juce::MouseEvent& event);
     void handleAsyncUpdate() override;
     void timerCallback() override { timerTick(isVisible()); }
     void chooseSkinAtStart();
@@ -178,6 +196,13 @@ private:
     std::vector<std::unique_ptr<GUIController>> genericControls;
     juce::Component::SafePointer<juce::Component> floating;
     FloatingComponentOwner* floatingOwner = nullptr;
+    std::unique_ptr<ParameterInfo> parameterInfo;
+    /** A closed panel waits here until the message loop deletes it: it may be closing from its own
+        button's click. */
+    std::unique_ptr<ParameterInfo> closedInfo;
+    juce::Component::SafePointer<juce::Component> infoAnchor;
+    /** Whether the panel's MIDI section was open, kept from one opening to the next. */
+    bool infoExpanded = false;
     juce::File skinsDirectory;
     std::unique_ptr<SkinList> skinList;
     int skinFileCount = 0;

@@ -212,6 +212,8 @@ TEST_F(Editor, ShiftClickAndDoubleClickResetTheirParameter)
                                                           juce::ModifierKeys::rightButtonModifier |
                                                           juce::ModifierKeys::shiftModifier)));
     EXPECT_NE(parameter("FX Amount").getNormalized(), defaultValue) << "Shift with the right button is no reset";
+    ASSERT_NE(editor->getParameterInfo(), nullptr) << "but a right click: the parameter info opens";
+    editor->hideFloating(editor->getParameterInfo(), nullptr);
     editor->mouseDown(guitest::mouseAt(
         amount, {5, 5}, 1,
         juce::ModifierKeys(juce::ModifierKeys::leftButtonModifier | juce::ModifierKeys::shiftModifier)));
