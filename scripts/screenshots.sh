@@ -8,6 +8,7 @@
 #   N-unlinked.png        the four link buttons clicked off: the right channel's own controls
 #   N-sync-unlinked.png   "LFO Sync" clicked to its top item: the panel of note-value rates
 #   N-sync.png            the four links clicked on again, still synced
+#   N-info.png            right click on the left feedback knob: its parameter info panel
 #   N-about.png           "LFO Sync" back off, then the about window, opened by the wordmark
 #
 # The program runs on a private virtual display (Xvfb, 1920 x 1080) with HOME set to a fresh
@@ -200,6 +201,8 @@ for i, parameter in enumerate(link_parameters):
 switch, found = first({"switch"}, lambda c: "LFO Sync" in bound_to(c), 'switch bound to "LFO Sync"')
 print(f"sync={rect(found)}")
 print(f"sync_rows={max(1, number(child(switch, 'gfx'), 'framesNum'))}")
+_, found = first({"knob"}, lambda c: "Feedback L/M" in bound_to(c), 'knob bound to "Feedback L/M"')
+print(f"info={rect(found)}")
 _, found = first({"button", "togglebutton", "multistatebutton"}, lambda c: "About" in fires(c),
                  'control that fires "About"')
 print(f"about={rect(found)}")
@@ -220,7 +223,7 @@ install -m 644 "${packages[@]}" "$skins_dir/"
 
 use_skin() { # name: its geometry becomes the current one
   skin=$1
-  skin_w="" skin_h="" sync_rows="" sync=() about=() link_0=() link_1=() link_2=() link_3=()
+  skin_w="" skin_h="" sync_rows="" sync=() about=() info=() link_0=() link_1=() link_2=() link_3=()
   # shellcheck disable=SC1090
   source "$work/$skin/geometry.sh"
 }
@@ -327,6 +330,13 @@ click_centre() { # x y w h
   click $(($1 + $3 / 2)) $(($2 + $4 / 2))
 }
 
+right_click_centre() { # x y w h
+  alive
+  xdotool mousemove --window "$win" $((ex + $1 + $3 / 2)) $((ey + $2 + $4 / 2)) click 3
+  xdotool mousemove 0 0
+  sleep 0.15
+}
+
 click_links() {
   click_centre "${link_0[@]}"
   click_centre "${link_1[@]}"
@@ -376,6 +386,9 @@ for name in "${skins[@]}"; do
   wait_for_skin 10 || fail "the editor did not show skin $name"
 
   shoot "$short.png"
+  right_click_centre "${info[@]}"
+  shoot "$short-info.png"
+  click 1 1 # a press outside the panel closes it
   click_links
   shoot "$short-unlinked.png"
   click_sync top
