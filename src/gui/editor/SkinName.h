@@ -2,21 +2,32 @@
 
 #include <juce_core/juce_core.h>
 
-#include <atomic>
-#include <memory>
-
-/** A skin name that one thread may replace while another reads it: the text is swapped whole as a
-    shared pointer, never written in place. Thread: any. */
+/** A skin name that one thread may replace while another reads it (a host restores a state on its
+    own thread while the message thread loads a skin). The text is exchanged whole: a reader copies
+    the reference-counted string, a writer swaps in a new one, each under a spin lock held only for
+    that pointer exchange, never while a string is built or freed. The audio thread never touches
+    it. (The standard library's atomic shared pointer of GCC 12 releases its lock with relaxed order
+    after a read, which the memory model counts as a race.) Thread: any. */
 class SkinName
 {
 public:
     juce::String get() const
     {
-        const auto text = value.load();
-        return text != nullptr ? *text : juce::String();
+        const juce::SpinLock::ScopedLockType hold(lock);
+        return text;
     }
-    void set(const juce::String& text) { value.store(std::make_shared<const juce::String>(text)); }
+
+    void set(const juce::String& newText)
+    {
+        juce::String replaced(newText);
+        {
+            const juce::SpinLock::ScopedLockType hold(lock);
+            text.swapWith(replaced);
+        }
+        // The old text is released here, outside the lock.
+    }
 
 private:
-    std::atomic<std::shared_ptr<const juce::String>> value{std::make_shared<const juce::String>()};
+    mutable juce::SpinLock lock;
+    juce::String text;
 };
