@@ -61,6 +61,7 @@ BasePluginEditor::~BasePluginEditor()
     if (mainPanel != nullptr)
         mainPanel->removeMouseListener(this);
     buildLabel.removeMouseListener(this);
+    presetAlert.reset();
     aboutWindow.reset();
     genericControls.clear();
     mainPanel.reset();
@@ -334,10 +335,81 @@ void BasePluginEditor::controllerValueChanged(GUIController& controller)
             showParameterInStatusBar(*parameter);
 }
 
+namespace
+{
+constexpr int optionsEvent = 1000, aboutEvent = 1001, nextPresetEvent = 1002, previousPresetEvent = 1003,
+              browsePresetsEvent = 1004, savePresetEvent = 1005, restoreDefaultPresetEvent = 1011,
+              restoreCurrentPresetEvent = 1012;
+
+bool isPresetEvent(int eventId)
+{
+    return (eventId >= nextPresetEvent && eventId <= savePresetEvent) || eventId == restoreDefaultPresetEvent ||
+           eventId == restoreCurrentPresetEvent;
+}
+} // namespace
+
+void BasePluginEditor::handlePresetEvent(int eventId)
+{
+    if (! plugin.supportsPresets())
+        return;
+    switch (eventId)
+    {
+    case nextPresetEvent:
+    case previousPresetEvent:
+        if (plugin.isPresetChanged() && presetChangeWarning)
+        {
+            presetStepAsked = eventId;
+            if (presetAlert == nullptr)
+            {
+                presetAlert = std::make_unique<PresetChangedAlert>(this);
+                addChildComponent(*presetAlert);
+            }
+            presetAlert->getCheckBox().setToggleState(false, juce::sendNotification);
+            presetAlert->show();
+            presetAlert->triggerAsyncUpdate(); // the focus goes to "Yes" once it shows
+            return;
+        }
+        // The step itself selects the next or previous item of the browser's list, which loads it;
+        // the browser is not built in this editor yet, so there is nothing to step through.
+        return;
+    case browsePresetsEvent:
+    case savePresetEvent:
+        return; // the browser's
+    case restoreDefaultPresetEvent:
+        plugin.restoreDefaultPreset();
+        return;
+    case restoreCurrentPresetEvent:
+        plugin.restoreCurrentPreset();
+        return;
+    default:
+        return;
+    }
+}
+
+void BasePluginEditor::alertClosed(Q41::AlertWindow& window, int result)
+{
+    if (&window != presetAlert.get())
+        return;
+    if (result == Q41::AlertWindow::yes)
+    {
+        handlePresetEvent(savePresetEvent);
+    }
+    else if (result == Q41::AlertWindow::no)
+    {
+        // "No" steps anyway: the changes become the baseline, so the step now goes through.
+        presetChangeWarning = ! presetAlert->isDontShowTicked();
+        plugin.resetChangeDetector(0);
+        handlePresetEvent(presetStepAsked);
+    }
+}
+
 void BasePluginEditor::controllerEvent(GUIController& controller, int eventId)
 {
-    constexpr int optionsEvent = 1000, aboutEvent = 1001;
-    if (eventId == optionsEvent)
+    if (isPresetEvent(eventId))
+    {
+        handlePresetEvent(eventId);
+    }
+    else if (eventId == optionsEvent)
     {
         optionsWindow.show();
         statusBar.clearMessage();

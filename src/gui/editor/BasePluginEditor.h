@@ -7,6 +7,7 @@
 // opens the parameter info panel).
 
 #include "ParameterInfo.h"
+#include "PresetChangedAlert.h"
 #include "SkinName.h"
 #include "StatusBar.h"
 #include "gui/controls/GFXAnimation.h"
@@ -36,6 +37,7 @@ class BasePluginEditor : public juce::Component,
                          public FloatingComponentOwner,
                          public ParameterInfo::Listener,
                          public ModalComponent::Desktop,
+                         public Q41::AlertWindow::Caller,
                          public PluginEditor
 {
 public:
@@ -111,6 +113,15 @@ public:
     std::unique_ptr<juce::XmlElement> createStateXml() override;
     void applyStateXml(const juce::XmlElement& element) override;
     bool getPresetChangeWarning() const noexcept { return presetChangeWarning; }
+
+    // Presets.
+    /** The preset events a skin raises: next and previous (1002, 1003; with a changed preset and
+        the warning on, `PresetChangedAlert` asks first), browse and save (1004, 1005; the
+        browser's), restore default and restore current (1011, 1012). Nothing without presets. */
+    void handlePresetEvent(int eventId);
+    /** The warning before a step to another preset, once it was shown; null before. */
+    PresetChangedAlert* getPresetChangedAlert() const noexcept { return presetAlert.get(); }
+    void alertClosed(Q41::AlertWindow& window, int result) override;
 
     // Listeners.
     void parameterChanged(Parameter& parameter) override;
@@ -191,6 +202,8 @@ private:
     StatusBar statusBar;
     WindowComponent optionsWindow;
     std::unique_ptr<WindowComponent> aboutWindow;
+    std::unique_ptr<PresetChangedAlert> presetAlert;
+    int presetStepAsked = 0;
     std::unique_ptr<GFXPanel> mainPanel;
     int panelHeight = 0;
     std::vector<std::unique_ptr<GUIController>> genericControls;

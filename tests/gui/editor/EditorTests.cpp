@@ -6,6 +6,7 @@
 #include "gui/core/ComponentSearch.h"
 #include "gui/editor/AboutWindow.h"
 #include "gui/editor/BasePluginEditor.h"
+#include "gui/editor/PresetChangedAlert.h"
 #include "gui/skin/TestSkin.h"
 #include "parameters/BoolParameter.h"
 #include "parameters/FloatParameter.h"
@@ -398,6 +399,72 @@ TEST_F(Editor, MovingAPresetParameterTurnsThePresetChangedAndBack)
     testsupport::dispatchPendingMessages();
     EXPECT_EQ(state.heard, juce::Array<bool>({true, false}));
     notifier.removeListener(&state);
+}
+
+TEST_F(Editor, StepsAwayFromAChangedPresetAskFirstAndTheRestoreEventsLoadTheirPreset)
+{
+    skins().createDirectory();
+    skinOfWidth(600).pack(skins(), "Only");
+    auto editor = open();
+    GFXKnob& control = knob(*editor);
+    auto& amount = parameter("FX Amount");
+    const float stored = amount.getNormalized();
+    const float moved = stored > 0.5f ? 0.1f : 0.9f;
+
+    // Unchanged: the step goes through without a word.
+    editor->controllerEvent(control, 1002);
+    EXPECT_EQ(editor->getPresetChangedAlert(), nullptr);
+
+    amount.setNormalized(moved, true);
+    ASSERT_TRUE(plugin().isPresetChanged());
+    editor->controllerEvent(control, 1003);
+    auto* alert = editor->getPresetChangedAlert();
+    ASSERT_NE(alert, nullptr);
+    EXPECT_TRUE(alert->isVisible());
+    EXPECT_EQ(alert->getTitle(), "Preset change warning");
+    ASSERT_EQ(alert->getNumButtons(), 3);
+    EXPECT_EQ(alert->getButton(0)->getButtonText(), "Yes");
+    EXPECT_EQ(alert->getButton(1)->getButtonText(), "No");
+    EXPECT_EQ(alert->getButton(2)->getButtonText(), "Cancel");
+
+    // Escape cancels: nothing changes.
+    EXPECT_TRUE(alert->keyPressed(juce::KeyPress(juce::KeyPress::escapeKey)));
+    testsupport::dispatchPendingMessages();
+    EXPECT_FALSE(alert->isVisible());
+    EXPECT_TRUE(plugin().isPresetChanged());
+    EXPECT_TRUE(editor->getPresetChangeWarning());
+
+    // Ticking "Don't show this warning again" disables "Yes"; "No" then steps on and turns the
+    // warning off, with the changes as the new baseline.
+    editor->controllerEvent(control, 1002);
+    ASSERT_TRUE(alert->isVisible());
+    EXPECT_TRUE(alert->getButtonForCode(Q41::AlertWindow::yes)->isEnabled());
+    alert->getCheckBox().triggerClick();
+    testsupport::dispatchPendingMessages();
+    EXPECT_FALSE(alert->getButtonForCode(Q41::AlertWindow::yes)->isEnabled());
+    alert->getButtonForCode(Q41::AlertWindow::no)->triggerClick();
+    testsupport::dispatchPendingMessages();
+    EXPECT_FALSE(alert->isVisible());
+    EXPECT_FALSE(editor->getPresetChangeWarning());
+    EXPECT_FALSE(plugin().isPresetChanged());
+    EXPECT_EQ(amount.getNormalized(), moved);
+    amount.setNormalized(stored, true);
+    editor->controllerEvent(control, 1002);
+    EXPECT_FALSE(alert->isVisible()) << "the warning is off";
+    auto settings = editor->createUserSettings();
+    EXPECT_FALSE(settings->getBoolAttribute("presetChangeWarning", true));
+
+    // "Restore Current Preset" goes back to the loaded preset, "Restore Default Preset" to the
+    // values the plug-in started with.
+    float defaultValue = 0.0f;
+    ASSERT_TRUE(plugin().getParameterManager().getDefaultValue(amount.getIndex(), defaultValue));
+    amount.setNormalized(moved, true);
+    editor->controllerEvent(control, 1012);
+    EXPECT_EQ(amount.getNormalized(), plugin().getCurrentPreset(0) != nullptr ? defaultValue : moved);
+    amount.setNormalized(moved, true);
+    editor->controllerEvent(control, 1011);
+    EXPECT_EQ(amount.getNormalized(), defaultValue);
+    EXPECT_FALSE(plugin().isPresetChanged());
 }
 
 // A host may build and destroy a plug-in on a thread of its own; the editor's components, timer and
