@@ -221,6 +221,7 @@ void BasePlugin::startEditor()
             if (editor == nullptr)
                 return;
             editor->initialise();
+            editor->afterInitialise();
             editor->startTicking();
         });
 }

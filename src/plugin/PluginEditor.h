@@ -17,6 +17,8 @@ public:
     virtual juce::Component& getComponent() = 0;
     /** The second stage of construction: settings, skins. */
     virtual void initialise() = 0;
+    /** Runs once the plug-in has initialised its editor, before the tick starts: a product's hook. */
+    virtual void afterInitialise() {}
     /** Starts and stops the editor's periodic tick. */
     virtual void startTicking() = 0;
     virtual void stopTicking() = 0;
