@@ -17,7 +17,8 @@ Layout makeVelmarin()
     l.leftRow = 164.0f;
     l.linkRow = 272.0f;
     l.rightRow = 380.0f;
-    l.lfoPanel = {364.0f, 96.0f, 80.0f, 354.0f};
+    // Down to the caption under the synced R/S selector.
+    l.lfoPanel = {364.0f, 96.0f, 80.0f, 370.0f};
     l.channelTagX = 122.0f;
 
     // The signal path from left to right, the LFO between the delay and the feedback it modulates.
@@ -109,7 +110,7 @@ Layout makeVelmarin()
                  P::lfoNoteRateRight,
                  {},
                  at(404, l.rightRow),
-                 {},
+                 "NOTE RATE",
                  Look::normal,
                  Holder::lfoSync,
                  Anchor::belowLinkRow});
@@ -118,7 +119,7 @@ Layout makeVelmarin()
                  P::lfoNoteRateLeft,
                  {},
                  at(404, l.rightRow),
-                 {},
+                 "NOTE RATE",
                  Look::linked,
                  Holder::lfoSync,
                  Anchor::belowLinkRow});
