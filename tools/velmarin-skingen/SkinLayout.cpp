@@ -69,7 +69,9 @@ Layout makeVelmarin()
     c.push_back(
         {Kind::knob, "DelayOffsetRSKnobLinked", P::delayOffsetLeft, {}, at(172, l.rightRow), "OFFSET", Look::linked});
     c.push_back({Kind::knob, "BBDRangeKnob", P::bbdFrequencyRange, {}, at(248, l.leftRow), "RANGE"});
-    c.push_back({Kind::selector, "LowCutSwitch", P::lowCut, {}, at(248, l.rightRow), "LOW CUT"});
+    // Low cut under the gap between the range knob and the length selector, so that the lower row
+    // spans the section as the upper one does.
+    c.push_back({Kind::selector, "LowCutSwitch", P::lowCut, {}, at(283, l.rightRow), "LOW CUT"});
     c.push_back({Kind::selector,
                  "BBDLengthSwitch",
                  P::bbdLength,
