@@ -395,13 +395,86 @@ juce::Image meterStrip(int width, int height, int frameCount, float segmentPitch
     return strip;
 }
 
+namespace
+{
+/** One glyph of the read-out, laid out in its cell as centred text. */
+juce::GlyphArrangement glyphIn(juce::juce_wchar character, const juce::Font& font, juce::Rectangle<float> cell)
+{
+    juce::GlyphArrangement glyph;
+    glyph.addLineOfText(font, juce::String::charToString(character), 0.0f, 0.0f);
+    glyph.justifyGlyphs(0, glyph.getNumGlyphs(), cell.getX(), cell.getY(), cell.getWidth(), cell.getHeight(),
+                        juce::Justification::centred);
+    return glyph;
+}
+
+/** The pixels a glyph inks, drawn as `glyphIn` lays it out in a cell at the origin; empty for a
+    blank glyph. Measured on the rendered pixels, since the renderer hints small glyphs vertically. */
+juce::Rectangle<int> inkOf(juce::juce_wchar character, const juce::Font& font, int cellWidth, int cellHeight)
+{
+    // Room for a cell's size of overflow on every side.
+    juce::Image scratch(juce::Image::ARGB, cellWidth * 3, cellHeight * 3, true, juce::SoftwareImageType());
+    {
+        juce::Graphics g(scratch);
+        g.setColour(juce::Colours::white);
+        glyphIn(character, font,
+                juce::Rectangle<float>(float(cellWidth), float(cellHeight), float(cellWidth), float(cellHeight))
+                    .translated(0.0f, 0.5f))
+            .draw(g);
+    }
+    const juce::Image::BitmapData pixels(scratch, juce::Image::BitmapData::readOnly);
+    juce::Rectangle<int> ink;
+    for (int y = 0; y < scratch.getHeight(); ++y)
+        for (int x = 0; x < scratch.getWidth(); ++x)
+            if (pixels.getPixelColour(x, y).getAlpha() > 0)
+                ink = ink.isEmpty() ? juce::Rectangle<int>(x, y, 1, 1) : ink.getUnion({x, y, 1, 1});
+    return ink - juce::Point<int>(cellWidth, cellHeight);
+}
+
+/** How one glyph is drawn: its font, and an offset from where centred text would put it. */
+struct GlyphFit
+{
+    juce::Font font;
+    juce::Point<int> offset;
+};
+
+/** A glyph kept inside its cell with a clear column at either side, so that no glyph runs into its
+    neighbour on the read-out nor spills into the cells above and below it in the strip. A glyph
+    that fits keeps its place; a wide one ("W", "@", "%") is condensed and centred on its ink, and
+    one that reaches past the top or bottom is moved in. */
+GlyphFit fitGlyph(juce::juce_wchar character, const juce::Font& font, int cellWidth, int cellHeight)
+{
+    GlyphFit fit{font, {}};
+    const int room = cellWidth - 2;
+    auto ink = inkOf(character, font, cellWidth, cellHeight);
+    if (ink.isEmpty())
+        return fit;
+    if (ink.getX() < 1 || ink.getRight() > cellWidth - 1)
+    {
+        for (int step = 0; ink.getWidth() > room && step < 64; ++step)
+        {
+            const float squeeze = juce::jmin(0.97f, float(room) / float(ink.getWidth()));
+            fit.font = fit.font.withHorizontalScale(fit.font.getHorizontalScale() * squeeze);
+            ink = inkOf(character, fit.font, cellWidth, cellHeight);
+        }
+        fit.offset.x = (cellWidth - ink.getWidth()) / 2 - ink.getX();
+    }
+    if (ink.getY() < 0)
+        fit.offset.y = -ink.getY();
+    else if (ink.getBottom() > cellHeight)
+        fit.offset.y = cellHeight - ink.getBottom();
+    return fit;
+}
+} // namespace
+
 juce::Image glyphStrip(int cellWidth, int cellHeight, juce::juce_wchar first, juce::juce_wchar last, const Fonts& fonts)
 {
     const int count = int(last - first) + 1;
     juce::Image strip(juce::Image::ARGB, cellWidth, cellHeight * count * 2, true, juce::SoftwareImageType());
     juce::Graphics g(strip);
     const auto font = fonts.strong(float(cellHeight) * 1.0f).withHorizontalScale(0.82f);
-    g.setFont(font);
+    std::vector<GlyphFit> fits;
+    for (int i = 0; i < count; ++i)
+        fits.push_back(fitGlyph(juce::juce_wchar(first + i), font, cellWidth, cellHeight));
     for (int bank = 0; bank < 2; ++bank)
         for (int i = 0; i < count; ++i)
         {
@@ -411,9 +484,12 @@ juce::Image glyphStrip(int cellWidth, int cellHeight, juce::juce_wchar first, ju
                 g.setColour(colour(Colours::accent));
                 g.fillRect(cell);
             }
+            const juce::Graphics::ScopedSaveState state(g);
+            g.reduceClipRegion(cell);
             g.setColour(bank == 1 ? colour(Colours::well) : colour(Colours::accent));
-            g.drawText(juce::String::charToString(juce::juce_wchar(first + i)), cell.toFloat().translated(0.0f, 0.5f),
-                       juce::Justification::centred, false);
+            glyphIn(juce::juce_wchar(first + i), fits[size_t(i)].font,
+                    (cell + fits[size_t(i)].offset).toFloat().translated(0.0f, 0.5f))
+                .draw(g);
         }
     return strip;
 }

@@ -270,10 +270,11 @@ void decorate(juce::Graphics& g, const Placement& p, juce::Point<int> origin, co
         SkinArt::drawWell(g, r.expanded(2.0f), 4.0f, juce::Colour(SkinArt::Colours::well));
         if (c.caption.isNotEmpty())
         {
+            // Above the selector, but under one that hangs below a link button.
             const float textHeight = size.text(captionText);
             const float height = std::ceil(textHeight * 1.2f);
-            SkinArt::drawCaption(g, c.caption, {r.getCentreX() - 50.0f, r.getY() - 3.0f - height, 100.0f, height},
-                                 fonts, textHeight);
+            const float top = c.anchor == Anchor::belowLinkRow ? r.getBottom() + 3.0f : r.getY() - 3.0f - height;
+            SkinArt::drawCaption(g, c.caption, {r.getCentreX() - 50.0f, top, 100.0f, height}, fonts, textHeight);
         }
         break;
     }

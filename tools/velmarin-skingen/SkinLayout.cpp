@@ -17,7 +17,8 @@ Layout makeVelmarin()
     l.leftRow = 164.0f;
     l.linkRow = 272.0f;
     l.rightRow = 380.0f;
-    l.lfoPanel = {364.0f, 96.0f, 80.0f, 354.0f};
+    // Down to the caption under the synced R/S selector.
+    l.lfoPanel = {364.0f, 96.0f, 80.0f, 370.0f};
     l.channelTagX = 122.0f;
 
     // The signal path from left to right, the LFO between the delay and the feedback it modulates.
@@ -68,7 +69,9 @@ Layout makeVelmarin()
     c.push_back(
         {Kind::knob, "DelayOffsetRSKnobLinked", P::delayOffsetLeft, {}, at(172, l.rightRow), "OFFSET", Look::linked});
     c.push_back({Kind::knob, "BBDRangeKnob", P::bbdFrequencyRange, {}, at(248, l.leftRow), "RANGE"});
-    c.push_back({Kind::selector, "LowCutSwitch", P::lowCut, {}, at(248, l.rightRow), "LOW CUT"});
+    // Low cut under the gap between the range knob and the length selector, so that the lower row
+    // spans the section as the upper one does.
+    c.push_back({Kind::selector, "LowCutSwitch", P::lowCut, {}, at(283, l.rightRow), "LOW CUT"});
     c.push_back({Kind::selector,
                  "BBDLengthSwitch",
                  P::bbdLength,
@@ -109,7 +112,7 @@ Layout makeVelmarin()
                  P::lfoNoteRateRight,
                  {},
                  at(404, l.rightRow),
-                 {},
+                 "NOTE RATE",
                  Look::normal,
                  Holder::lfoSync,
                  Anchor::belowLinkRow});
@@ -118,7 +121,7 @@ Layout makeVelmarin()
                  P::lfoNoteRateLeft,
                  {},
                  at(404, l.rightRow),
-                 {},
+                 "NOTE RATE",
                  Look::linked,
                  Holder::lfoSync,
                  Anchor::belowLinkRow});

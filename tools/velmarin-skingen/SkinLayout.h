@@ -58,7 +58,8 @@ struct Control
     juce::String event;
     /** Centre in big-skin coordinates. */
     juce::Point<float> centre;
-    /** Knobs: the caption under the knob; selectors: above; toggles and buttons: on the face. */
+    /** Knobs: the caption under the knob; selectors: above (below for one under a link button); toggles
+        and buttons: on the face. */
     juce::String caption;
     Look look = Look::normal;
     Holder holder = Holder::main;

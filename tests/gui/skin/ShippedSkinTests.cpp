@@ -164,6 +164,45 @@ TEST_P(ShippedSkin, HasEveryControlTheEditorLooksUp)
     EXPECT_EQ(clock->glyphIndexOf('l'), 'k' - ' ');
 }
 
+TEST_P(ShippedSkin, ClockGlyphsStayInsideTheirCells)
+{
+    // The read-out cuts each character's cell out of the strip: a glyph wider than its cell is
+    // dropped and leaves the cell empty, one touching a side runs into its neighbour on screen, and
+    // one reaching past its cell puts a mark at the top of the next (the font's ascent keeps the
+    // top row clear of every glyph's own ink).
+    const auto panel = load();
+    ASSERT_NE(panel, nullptr);
+    auto* clock = ComponentSearch::find<GFXDisplay>(*panel, "BBDClockDisplay");
+    ASSERT_NE(clock, nullptr);
+    ASSERT_GT(clock->getCellCount(), 0);
+    SkinPackage package(&plugin(), SkinPackage::packageFile, GetParam(), skinsFolder);
+    const auto strip = package.getImage("ClockGlyphs.png");
+    const int width = clock->getWidth() / clock->getCellCount();
+    const int height = clock->getHeight();
+    const int glyphs = clock->glyphIndexOf(0x10ffff) + 1; // past the strip: its last glyph
+    ASSERT_EQ(strip.getWidth(), width);
+    ASSERT_EQ(strip.getHeight(), 2 * glyphs * height) << "two banks of glyphs from ' ' on";
+
+    const juce::Image::BitmapData pixels(strip, juce::Image::BitmapData::readOnly);
+    for (juce::juce_wchar character = '!'; character < juce::juce_wchar(' ' + glyphs); ++character)
+    {
+        const int top = clock->glyphIndexOf(character) * height;
+        const auto inked = [&](int x0, int x1, int y0, int y1)
+        {
+            for (int y = top + y0; y < top + y1; ++y)
+                for (int x = x0; x < x1; ++x)
+                    if (pixels.getPixelColour(x, y).getAlpha() > 0)
+                        return true;
+            return false;
+        };
+        const auto name = juce::String::charToString(character);
+        EXPECT_TRUE(inked(0, width, 0, height)) << name << " draws nothing";
+        EXPECT_FALSE(inked(0, 1, 0, height)) << name << " touches its cell's left side";
+        EXPECT_FALSE(inked(width - 1, width, 0, height)) << name << " touches its cell's right side";
+        EXPECT_FALSE(inked(0, width, 0, 1)) << name << ": the glyph above spills into its cell";
+    }
+}
+
 TEST_P(ShippedSkin, ButtonsFireTheirEvents)
 {
     const auto panel = load();
