@@ -12,6 +12,7 @@
 #include "gui/skin/SkinPackage.h"
 #include "gui/widgets/DefaultLookAndFeel.h"
 #include "plugin/BasePlugin.h"
+#include "plugin/PluginEditor.h"
 #include "product/VelmarinProcessor.h"
 
 #include <cstdio>
@@ -60,6 +61,9 @@ juce::Image panelPicture(const juce::File& skins, const juce::String& skin,
     testsupport::TemporaryFolder folder{"skin-gallery"};
     VelmarinProcessor processor{FolderRule::fixed(folder / "user", folder / "data")};
     auto& parameters = processor.getPlugin().getParameterManager();
+    // The instance's own editor would clear the clock read-out on its next tick: nothing processes.
+    if (auto* editor = processor.getPlugin().getEditor())
+        editor->stopTicking();
     prepare(parameters);
     testsupport::dispatchPendingMessages();
     SkinPackage package(&processor.getPlugin(), SkinPackage::packageFile, skin, skins);
