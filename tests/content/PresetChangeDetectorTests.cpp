@@ -1,4 +1,5 @@
 // Knowing whether the user moved away from the loaded preset, across preset loads and threads.
+#include "PrivateFolders.h"
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "product/VelmarinProcessor.h"
@@ -9,7 +10,7 @@
 
 TEST(PresetChanges, MovingAKnobAndBackLeavesThePresetUnchangedAndLoadsResetTheBaseline)
 {
-    VelmarinProcessor processor;
+    VelmarinProcessor processor{testsupport::privateFolders()};
     auto& plugin = processor.getPlugin();
     auto& manager = plugin.getParameterManager();
     EXPECT_FALSE(plugin.isPresetChanged());
@@ -49,7 +50,7 @@ TEST(PresetChanges, MovingAKnobAndBackLeavesThePresetUnchangedAndLoadsResetTheBa
 
 TEST(PresetChanges, TheCountStaysRightWithOneWriterPerParameterOnSeveralThreads)
 {
-    VelmarinProcessor processor;
+    VelmarinProcessor processor{testsupport::privateFolders()};
     auto& plugin = processor.getPlugin();
     auto& manager = plugin.getParameterManager();
     auto writer = [&manager](int index, float away, float home)

@@ -1,4 +1,5 @@
 // The definition grammar, the product's own table, the internal parameters and the events.
+#include "PrivateFolders.h"
 #include "parameters/BoolParameter.h"
 #include "parameters/EnumParameter.h"
 #include "parameters/EventsMap.h"
@@ -152,7 +153,7 @@ TEST(ProductTable, RowsStandAtTheirIndicesTheHostsOnesFirstAndEveryFloatHasAForm
         EXPECT_EQ(p->getFormatter() != nullptr, dynamic_cast<FloatParameter*>(p) != nullptr) << p->getName();
     }
 
-    Velmarin plugin;
+    Velmarin plugin{testsupport::privateFolders()};
     const auto& all = plugin.getParameterManager().getParameters();
     ASSERT_EQ(all.size(), 35);
     const int order[] = {100000, 100001, 100003, 100002, 100004};

@@ -1,4 +1,5 @@
 // The 28 parameters the host sees, and how values travel between host and plug-in.
+#include "PrivateFolders.h"
 #include "TestSupport.h"
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
@@ -36,7 +37,7 @@ protected:
     juce::AudioProcessorParameter& hostParameter(int h) { return *processor.getParameters()[h]; }
     Parameter& parameter(int index) { return *processor.getPlugin().getParameterManager().getParameter(index); }
 
-    VelmarinProcessor processor;
+    VelmarinProcessor processor{testsupport::privateFolders()};
     HostLog host;
 };
 } // namespace

@@ -1,6 +1,7 @@
 // Every sample rate a host may run at, from 8 kHz to 768 kHz, at every processing quality, through
 // the processor as a host drives it. Short renders: under the sanitizers an out-of-bounds read of
 // the engine's rings fails here.
+#include "PrivateFolders.h"
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "product/VelmarinProcessor.h"
@@ -21,7 +22,7 @@ struct Render
 /** A plucked chord with a little noise, `seconds` long at `rate`, through a fresh instance. */
 Render render(double rate, const char* quality, double seconds)
 {
-    VelmarinProcessor p;
+    VelmarinProcessor p{testsupport::privateFolders()};
     auto& manager = p.getPlugin().getParameterManager();
     for (auto* name : {"Real-time Processing Quality", "Offline Processing Quality"})
         manager.getParameter(juce::String(name))->setText(quality, true);
@@ -93,7 +94,7 @@ TEST(HostRates, RatesOutsideTheEnginesRangeAreTakenAsTheNearestEnd)
 {
     for (double rate : {1000.0, 2000000.0, 0.0, -44100.0, std::nan("")})
     {
-        VelmarinProcessor p;
+        VelmarinProcessor p{testsupport::privateFolders()};
         p.prepareToPlay(rate, 64);
         juce::AudioBuffer<float> buffer(2, 64);
         for (int i = 0; i < 64; ++i)
@@ -112,7 +113,7 @@ TEST(HostRates, ChannelsStayApartAtTheHighestRates)
     for (double rate : {384000.0, 768000.0})
         for (const char* quality : {"Draft", "Ultra"})
         {
-            VelmarinProcessor p;
+            VelmarinProcessor p{testsupport::privateFolders()};
             auto& manager = p.getPlugin().getParameterManager();
             for (auto* name : {"Real-time Processing Quality", "Offline Processing Quality"})
                 manager.getParameter(juce::String(name))->setText(quality, true);

@@ -1,5 +1,6 @@
 // What LV2 hosts read of the plug-in: the Turtle description the build writes into the bundle.
 // Each host parameter must have its own URI, or a host's writes land on the wrong parameter.
+#include "PrivateFolders.h"
 #include "product/VelmarinProcessor.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +27,7 @@ TEST(Lv2Description, EveryHostParameterHasItsOwnUriAndTheDefaultListsLabelAndThe
     for (auto it = std::sregex_iterator(ttl.begin(), ttl.end(), parameter); it != std::sregex_iterator(); ++it)
         found.emplace_back((*it)[1].str(), (*it)[2].str());
 
-    VelmarinProcessor processor;
+    VelmarinProcessor processor{testsupport::privateFolders()};
     ASSERT_EQ(found.size(), 28u);
     std::set<std::string> uris;
     for (size_t i = 0; i < found.size(); ++i)

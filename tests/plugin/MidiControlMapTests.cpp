@@ -1,5 +1,6 @@
 // MIDI controllers driving parameters: the learn cycle as the audio thread runs it, the map
 // document with its refusal rules, and the map travelling in the state chunk and the settings.
+#include "PrivateFolders.h"
 #include "TestSupport.h"
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
@@ -23,7 +24,7 @@ protected:
     }
     bool read(const juce::String& text) { return map.readXml(juce::parseXML(text).get()); }
 
-    VelmarinProcessor processor;
+    VelmarinProcessor processor{testsupport::privateFolders()};
     MidiControlMap& map = processor.getPlugin().getMidiMap();
     Parameter* volume = parameter("Output Volume");
     Parameter* amount = parameter("FX Amount");
@@ -114,7 +115,7 @@ TEST_F(MidiMap, TheMapTravelsInTheStateChunk)
     juce::MemoryBlock withMap;
     processor.getStateInformation(withMap);
 
-    VelmarinProcessor other;
+    VelmarinProcessor other{testsupport::privateFolders()};
     auto& otherMap = other.getPlugin().getMidiMap();
     otherMap.assign(other.getPlugin().getParameterManager().getParameter(0), 1);
     other.setStateInformation(withMap.getData(), static_cast<int>(withMap.getSize()));

@@ -1,4 +1,5 @@
 // The plug-in object as a host sees it: start-up, layouts, latency, quality switching, state.
+#include "PrivateFolders.h"
 #include "parameters/ParameterManager.h"
 #include "plugin/BasePlugin.h"
 #include "product/VelmarinProcessor.h"
@@ -42,7 +43,7 @@ void processOneBlock(VelmarinProcessor& p, bool bypassed = false)
 
 TEST(PluginObject, DeclaresItsLatencyLayoutsAndPreparedState)
 {
-    VelmarinProcessor p;
+    VelmarinProcessor p{testsupport::privateFolders()};
     EXPECT_EQ(p.getLatencySamples(), 1);
     EXPECT_TRUE(p.acceptsMidi());
 
@@ -66,7 +67,7 @@ TEST(PluginObject, BypassPassesAudioEndToEndOneSampleLateInEveryLayout)
 {
     for (auto [ins, outs] : {std::pair{2, 2}, std::pair{1, 2}, std::pair{1, 1}})
     {
-        VelmarinProcessor p;
+        VelmarinProcessor p{testsupport::privateFolders()};
         ASSERT_TRUE(p.setBusesLayout(layout(ins, outs)));
         p.prepareToPlay(44100.0, 64);
         EXPECT_EQ(p.getLatencySamples(), 1);
@@ -91,7 +92,7 @@ TEST(PluginObject, BypassPassesAudioEndToEndOneSampleLateInEveryLayout)
 
 TEST(PluginObject, QualityFollowsTheOfflineFlagButNotWhenBypassed)
 {
-    VelmarinProcessor p;
+    VelmarinProcessor p{testsupport::privateFolders()};
     setText(p, 100001, "Draft");
     EXPECT_EQ(text(p, 29), "Draft") << "a change of the real-time quality applies at once";
     setText(p, 100003, "Ultra");
@@ -115,7 +116,7 @@ TEST(PluginObject, QualityFollowsTheOfflineFlagButNotWhenBypassed)
 
 TEST(PluginObject, StateRoundTripsIntoASecondInstance)
 {
-    VelmarinProcessor first;
+    VelmarinProcessor first{testsupport::privateFolders()};
     setText(first, 0, "0.25");
     setText(first, 20, "512");
     setText(first, 16, "Off");
@@ -126,7 +127,7 @@ TEST(PluginObject, StateRoundTripsIntoASecondInstance)
     first.getStateInformation(state);
     EXPECT_EQ(first.getPlugin().getStateReadCount(), 1);
 
-    VelmarinProcessor second;
+    VelmarinProcessor second{testsupport::privateFolders()};
     second.setStateInformation(state.getData(), static_cast<int>(state.getSize()));
     EXPECT_EQ(second.getPlugin().getStateWriteCount(), 1);
     for (int index : {0, 20, 16, 100001, 100003, 100000, 29})
@@ -139,7 +140,7 @@ TEST(PluginObject, StateRoundTripsIntoASecondInstance)
 
 TEST(PluginObject, ForeignOrBrokenChunksChangeNothing)
 {
-    VelmarinProcessor p;
+    VelmarinProcessor p{testsupport::privateFolders()};
     setText(p, 14, "0.9");
     juce::MemoryBlock before;
     p.getStateInformation(before);
@@ -178,7 +179,7 @@ TEST(PluginObject, ForeignOrBrokenChunksChangeNothing)
 
 TEST(PluginObject, ChunkNamesTheApplicationIgnoringCaseAndFillsGapsFromDefaults)
 {
-    VelmarinProcessor p;
+    VelmarinProcessor p{testsupport::privateFolders()};
     setText(p, 0, "0.5");
     setText(p, 27, "0.9");
     juce::MemoryBlock block;
@@ -197,7 +198,7 @@ TEST(PluginObject, ChunkNamesTheApplicationIgnoringCaseAndFillsGapsFromDefaults)
 
 TEST(PluginObject, RevertParameterReturnsToTheCurrentPreset)
 {
-    VelmarinProcessor p;
+    VelmarinProcessor p{testsupport::privateFolders()};
     setText(p, 23, "0.3");
     p.getPlugin().revertParameter(23);
     EXPECT_EQ(text(p, 23), "1");
@@ -243,7 +244,7 @@ TEST(PluginObject, InputNearTheFloatMaximumLeavesTheOutputFiniteAndAlive)
 {
     // A tenth of a second of input near 3e38 would overflow the input filters; afterwards the
     // instance must still answer ordinary input with finite, audible output.
-    VelmarinProcessor p;
+    VelmarinProcessor p{testsupport::privateFolders()};
     p.prepareToPlay(44100.0, 441);
     juce::Random random(5);
     float lastPeak = 0.0f;

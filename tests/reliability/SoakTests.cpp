@@ -9,6 +9,7 @@
 // gives blocks and the CPU time per sample, median and maximum, so a script can see that the cost
 // stays flat (a denormal slowdown would multiply it). Only runs of 600 s or more check flatness.
 #include "AllocationCounter.h"
+#include "PrivateFolders.h"
 #include "ReliabilityHost.h"
 #include "product/VelmarinProcessor.h"
 
@@ -175,7 +176,7 @@ float peakOfFiniteInput(const juce::AudioBuffer<float>& buffer, int numSamples)
 TEST(Soak, HostDrivenInstanceStaysFiniteBoundedAndOffTheHeap)
 {
     const double seconds = reliability::secondsFromEnvironment("VELMARIN_SOAK_SECONDS", 120.0);
-    VelmarinProcessor processor;
+    VelmarinProcessor processor{testsupport::privateFolders()};
     auto& plugin = processor.getPlugin();
     auto& manager = plugin.getParameterManager();
     auto& hostParameters = processor.getParameters();
