@@ -7,11 +7,6 @@ PresetChangeNotifier::~PresetChangeNotifier()
     cancelPendingUpdate();
 }
 
-void PresetChangeNotifier::checkNow()
-{
-    handleUpdateNowIfNeeded();
-}
-
 void PresetChangeNotifier::handleAsyncUpdate()
 {
     const bool changed = isChanged != nullptr && isChanged();

@@ -26,8 +26,6 @@ public:
 
     /** Asks for a check on the message thread; several triggers before it runs make one check. */
     void trigger() { triggerAsyncUpdate(); }
-    /** Runs a pending check now (message thread). */
-    void checkNow();
     /** The answer of the last check; false before the first. */
     bool wasChanged() const noexcept { return lastAnswer; }
 

@@ -44,16 +44,14 @@ AboutWindow::Placement AboutWindow::place() const
     int y = area.getY() + juce::jmax(0, (area.getHeight() - total) / 2);
     if (productLogo.isValid())
     {
-        p.product.setCentre(area.getCentreX(), y + p.product.getHeight() / 2);
-        p.product.setY(y);
+        p.product.setPosition(area.getCentreX() - p.product.getWidth() / 2, y);
         y += p.product.getHeight() + gap;
     }
     p.text = {area.getX(), y, area.getWidth(), textHeight};
     y += textHeight + (vendorLogo.isValid() ? gap : 0);
     if (vendorLogo.isValid())
     {
-        p.vendor.setCentre(area.getCentreX(), y + p.vendor.getHeight() / 2);
-        p.vendor.setY(y);
+        p.vendor.setPosition(area.getCentreX() - p.vendor.getWidth() / 2, y);
     }
     return p;
 }

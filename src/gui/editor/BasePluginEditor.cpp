@@ -9,7 +9,6 @@
 #include "gui/skin/SkinImage.h"
 #include "gui/skin/SkinPackage.h"
 #include "parameters/BoolParameter.h"
-#include "parameters/EnumParameter.h"
 #include "parameters/IntParameter.h"
 #include "parameters/StringParameter.h"
 #include "plugin/BasePlugin.h"
@@ -101,26 +100,13 @@ void BasePluginEditor::createGenericControls()
         if (parameter == nullptr)
             continue;
         std::unique_ptr<GUIController> control;
-        juce::Component* component = nullptr;
         if (dynamic_cast<BoolParameter*>(parameter) != nullptr)
-        {
-            auto toggle = std::make_unique<GFXToggleButton>(parameter->getName());
-            component = toggle.get();
-            control = std::move(toggle);
-        }
-        else if (dynamic_cast<EnumParameter*>(parameter) != nullptr ||
-                 dynamic_cast<IntParameter*>(parameter) != nullptr)
-        {
-            auto knob = std::make_unique<GFXSwitch>(parameter->getName());
-            component = knob.get();
-            control = std::move(knob);
-        }
+            control = std::make_unique<GFXToggleButton>(parameter->getName());
+        else if (dynamic_cast<IntParameter*>(parameter) != nullptr) // choices and notes too
+            control = std::make_unique<GFXSwitch>(parameter->getName());
         else
-        {
-            auto knob = std::make_unique<GFXKnob>(parameter->getName());
-            component = knob.get();
-            control = std::move(knob);
-        }
+            control = std::make_unique<GFXKnob>(parameter->getName());
+        auto* component = dynamic_cast<juce::Component*>(control.get());
         if (column >= perRow)
         {
             column = 0;
